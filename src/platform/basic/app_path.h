@@ -1,0 +1,11 @@
+#pragma once
+// App.Path: the program folder, where the databases, templates and reference files lie.
+#include <QString>
+
+namespace basic {
+
+// The folder set by SetAppPath, else the folder of the running executable. No trailing separator.
+QString AppPath();
+void SetAppPath(const QString& folder);  // the program at start, and tests with their own folder
+
+}  // namespace basic
