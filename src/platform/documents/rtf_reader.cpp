@@ -1,0 +1,484 @@
+#include "platform/documents/rtf_reader.h"
+
+#include <QStringDecoder>
+#include <QTextBlockFormat>
+#include <QTextCharFormat>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace documents {
+
+namespace {
+
+// Bytes 0x80-0x9F of Windows code page 1252; the rest of its upper half is Latin-1.
+constexpr char16_t kCp1252High[32] = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+using CodePage = std::array<char16_t, 256>;
+
+CodePage codePage1252() {
+    CodePage page{};
+    for (int b = 0; b < 256; ++b) page[b] = char16_t(b);
+    for (int b = 0; b < 32; ++b) page[0x80 + b] = kCp1252High[b];
+    return page;
+}
+
+// A single-byte code page by its Windows number; one Qt cannot decode reads as 1252.
+CodePage codePageOf(int number) {
+    CodePage page = codePage1252();
+    if (number == 1252) return page;
+    const QByteArray name = number == 10000 ? QByteArray("macintosh")
+                            : (number >= 1250 && number <= 1258 ? "windows-" : "cp") + QByteArray::number(number);
+    QStringDecoder decoder(name.constData());
+    if (!decoder.isValid()) return page;
+    for (int b = 0x80; b < 256; ++b) {
+        const char byte = char(b);
+        const QString one = decoder.decode(QByteArrayView(&byte, 1));
+        decoder.resetState();
+        if (one.size() == 1) page[b] = one[0].unicode();
+    }
+    return page;
+}
+
+struct CharProps {
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strike = false;
+    int vertical = 0;  // -1 subscript, 1 superscript
+    int halfPoints = 24;
+    QString href;
+    bool operator==(const CharProps&) const = default;
+};
+
+struct ParaProps {
+    Qt::Alignment align = Qt::AlignLeft;
+    int left = 0, right = 0, first = 0, before = 0, after = 0;  // twips
+};
+
+enum class Dest { Text, FieldInstruction, Skip };
+
+struct Group {
+    CharProps chr;
+    ParaProps para;
+    Dest dest = Dest::Text;
+    int uc = 1;  // bytes of fallback that follow each \uN
+};
+
+enum class Word {
+    Skip, Star, FieldInstruction, FieldResult, Field,
+    Par, Pard, Line, Tab, Cell, Plain,
+    Bold, Italic, Underline, UnderlineNone, Strike, FontSize, Super, Sub, NoSuperSub,
+    AlignLeft, AlignCenter, AlignRight, AlignJustify, LeftIndent, RightIndent, FirstIndent, SpaceBefore,
+    SpaceAfter,
+    Ansi, Mac, Pc, Pca, AnsiCodePage, Uc, U, Bin,
+    Char,  // a named special character
+};
+
+struct WordInfo {
+    Word word;
+    char16_t ch = 0;
+};
+
+const std::unordered_map<std::string_view, WordInfo>& words() {
+    static const std::unordered_map<std::string_view, WordInfo> table = [] {
+        std::unordered_map<std::string_view, WordInfo> t;
+        // Destinations whose text is not part of the document body.
+        for (const char* w : {"fonttbl", "colortbl", "stylesheet", "info", "pict", "object", "header", "footer",
+                              "headerl", "headerr", "headerf", "footerl", "footerr", "footerf", "footnote",
+                              "annotation", "themedata", "colorschememapping", "latentstyles", "datastore",
+                              "xmlnstbl", "listtable", "listoverridetable", "rsidtbl", "generator", "pgdsctbl",
+                              "revtbl", "filetbl", "fontemb", "fonturl", "objdata", "nonshppict", "pn",
+                              "bkmkstart", "bkmkend", "xe", "tc", "txe", "template", "userprops", "docvar",
+                              "private", "shpinst", "mmathPr", "wgrffmtfilter", "pnseclvl", "atnid",
+                              "atnauthor", "atrfstart", "atrfend", "comment", "author", "title", "subject",
+                              "keywords", "doccomm", "operator", "company", "hlinkbase"})
+            t[w] = {Word::Skip};
+        const std::pair<const char*, Word> plain[] = {
+            {"fldinst", Word::FieldInstruction}, {"fldrslt", Word::FieldResult}, {"field", Word::Field},
+            {"par", Word::Par}, {"page", Word::Par}, {"sect", Word::Par}, {"row", Word::Par},
+            {"pard", Word::Pard}, {"line", Word::Line}, {"tab", Word::Tab}, {"cell", Word::Cell},
+            {"nestcell", Word::Cell}, {"plain", Word::Plain}, {"b", Word::Bold}, {"i", Word::Italic},
+            {"ul", Word::Underline}, {"uld", Word::Underline}, {"uldb", Word::Underline},
+            {"uldash", Word::Underline}, {"ulw", Word::Underline}, {"ulwave", Word::Underline},
+            {"ulth", Word::Underline}, {"ulnone", Word::UnderlineNone}, {"strike", Word::Strike},
+            {"fs", Word::FontSize}, {"super", Word::Super}, {"sub", Word::Sub}, {"nosupersub", Word::NoSuperSub},
+            {"ql", Word::AlignLeft}, {"qc", Word::AlignCenter}, {"qr", Word::AlignRight},
+            {"qj", Word::AlignJustify}, {"li", Word::LeftIndent}, {"ri", Word::RightIndent},
+            {"fi", Word::FirstIndent}, {"sb", Word::SpaceBefore}, {"sa", Word::SpaceAfter},
+            {"ansi", Word::Ansi}, {"mac", Word::Mac}, {"pc", Word::Pc}, {"pca", Word::Pca},
+            {"ansicpg", Word::AnsiCodePage}, {"uc", Word::Uc}, {"u", Word::U}, {"bin", Word::Bin}};
+        for (const auto& [w, word] : plain) t[w] = {word};
+        const std::pair<const char*, char16_t> chars[] = {
+            {"emdash", 0x2014}, {"endash", 0x2013}, {"bullet", 0x2022}, {"lquote", 0x2018},
+            {"rquote", 0x2019}, {"ldblquote", 0x201C}, {"rdblquote", 0x201D}, {"emspace", 0x2003},
+            {"enspace", 0x2002}, {"qmspace", 0x2005}, {"zwj", 0x200D}, {"zwnj", 0x200C},
+            {"ltrmark", 0x200E}, {"rtlmark", 0x200F}};
+        for (const auto& [w, ch] : chars) t[w] = {Word::Char, ch};
+        return t;
+    }();
+    return table;
+}
+
+// "HYPERLINK \"target\"" or "HYPERLINK \\l \"bookmark\"" to the link target; anything else to "".
+QString hyperlinkTarget(const QString& instruction) {
+    QString rest = instruction.trimmed();
+    if (!rest.startsWith(QLatin1String("HYPERLINK"), Qt::CaseInsensitive)) return {};
+    rest = rest.mid(9).trimmed();
+    QString prefix;
+    while (rest.startsWith(QLatin1Char('\\'))) {  // switches: \l names a bookmark, the others we drop
+        if (rest.startsWith(QLatin1String("\\l"))) prefix = QStringLiteral("#");
+        const qsizetype blank = rest.indexOf(QLatin1Char(' '));
+        rest = blank < 0 ? QString() : rest.mid(blank).trimmed();
+    }
+    if (rest.startsWith(QLatin1Char('"'))) {
+        const qsizetype close = rest.indexOf(QLatin1Char('"'), 1);
+        rest = rest.mid(1, close < 0 ? -1 : close - 1);
+    } else {
+        rest = rest.section(QLatin1Char(' '), 0, 0);
+    }
+    return rest.isEmpty() ? QString() : prefix + rest;
+}
+
+class Reader {
+public:
+    Reader(const QByteArray& rtf, QTextDocument& document)
+        : p_(rtf.constData()), end_(rtf.constData() + rtf.size()), cursor_(&document), page_(codePage1252()) {
+        stack_.reserve(64);
+        stack_.emplace_back();
+        run_.reserve(4096);
+    }
+
+    void read() {
+        // One edit block: the document reports its change once, at the end, not after every run.
+        cursor_.beginEditBlock();
+        while (p_ < end_) {
+            const char c = *p_;
+            if (c == '{') {
+                ++p_;
+                openGroup();
+            } else if (c == '}') {
+                ++p_;
+                closeGroup();
+            } else if (c == '\\') {
+                ++p_;
+                control();
+            } else if (c == '\r' || c == '\n') {
+                ++p_;
+            } else {
+                ++p_;
+                star_ = false;
+                if (skipCount_ > 0) {
+                    --skipCount_;
+                    continue;
+                }
+                putByte(static_cast<unsigned char>(c));
+            }
+        }
+        flush();
+        if (!pendingBlock_) cursor_.setBlockFormat(blockFormat(lastTextPara_));
+        cursor_.endEditBlock();
+    }
+
+private:
+    Group& top() { return stack_.back(); }
+    bool skipping() const { return overflow_ > 0 || stack_.back().dest == Dest::Skip; }
+
+    void openGroup() {
+        skipCount_ = 0;
+        star_ = false;
+        if (overflow_ > 0 || int(stack_.size()) > kRtfMaxDepth) {
+            ++overflow_;
+            return;
+        }
+        stack_.push_back(stack_.back());
+        dirty_ = true;
+    }
+
+    void closeGroup() {
+        skipCount_ = 0;
+        star_ = false;
+        if (overflow_ > 0) {
+            --overflow_;
+            return;
+        }
+        if (stack_.size() > 1) stack_.pop_back();  // a stray '}' at the outer level is ignored
+        dirty_ = true;
+    }
+
+    // After a backslash: a control word with its number, or a control symbol.
+    void control() {
+        if (p_ >= end_) return;
+        const char c = *p_;
+        if (isLetter(c)) {
+            const char* start = p_;
+            while (p_ < end_ && isLetter(*p_)) ++p_;
+            const std::string_view name(start, std::size_t(p_ - start));
+            bool hasNumber = false;
+            long long number = 0;
+            bool negative = false;
+            if (p_ < end_ && *p_ == '-' && p_ + 1 < end_ && isDigit(p_[1])) {
+                negative = true;
+                ++p_;
+            }
+            while (p_ < end_ && isDigit(*p_)) {
+                hasNumber = true;
+                if (number < 100000000000LL) number = number * 10 + (*p_ - '0');
+                ++p_;
+            }
+            if (p_ < end_ && *p_ == ' ') ++p_;
+            if (negative) number = -number;
+            number = std::clamp<long long>(number, INT_MIN, INT_MAX);
+            word(name, hasNumber, int(number));
+            return;
+        }
+        ++p_;
+        if (c == '*') {
+            star_ = true;
+            return;
+        }
+        star_ = false;
+        if (c == '\'') {
+            int value = 0, digits = 0;
+            while (digits < 2 && p_ < end_ && hexValue(*p_) >= 0) {
+                value = value * 16 + hexValue(*p_);
+                ++p_;
+                ++digits;
+            }
+            if (skipCount_ > 0) {
+                --skipCount_;
+                return;
+            }
+            if (digits > 0) putByte(static_cast<unsigned char>(value));
+            return;
+        }
+        if (skipCount_ > 0) {
+            --skipCount_;
+            return;
+        }
+        switch (c) {
+        case '\\': case '{': case '}': put(QChar::fromLatin1(c)); break;
+        case '~': put(QChar(0x00A0)); break;
+        case '-': put(QChar(0x00AD)); break;
+        case '_': put(QChar(0x2011)); break;
+        case '\r': case '\n': paragraph(); break;
+        case '\t': put(QChar(u'\t')); break;
+        default: break;
+        }
+    }
+
+    void word(std::string_view name, bool hasNumber, int number) {
+        const bool starred = star_;
+        star_ = false;
+        const auto& table = words();
+        const auto found = table.find(name);
+        if (starred && (found == table.end() || found->second.word != Word::FieldInstruction)) {
+            top().dest = Dest::Skip;  // an ignorable destination we do not read
+            return;
+        }
+        if (found == table.end()) return;
+        const WordInfo info = found->second;
+        if (info.word == Word::Bin) {  // binary data: pass over its bytes whatever the group
+            const long long n = std::max(0, number);
+            p_ += std::min<long long>(n, end_ - p_);
+            return;
+        }
+        if (skipCount_ > 0) {
+            --skipCount_;
+            return;
+        }
+        Group& g = top();
+        const bool on = !hasNumber || number != 0;
+        switch (info.word) {
+        case Word::Skip: g.dest = Dest::Skip; break;
+        case Word::Star: break;
+        case Word::Field: fieldInstruction_.clear(); break;
+        case Word::FieldInstruction:
+            if (g.dest != Dest::Skip) g.dest = Dest::FieldInstruction;
+            break;
+        case Word::FieldResult:
+            if (g.dest != Dest::Skip) {
+                g.dest = Dest::Text;
+                g.chr.href = hyperlinkTarget(fieldInstruction_);
+                dirty_ = true;
+            }
+            break;
+        case Word::Par: paragraph(); break;
+        case Word::Pard: g.para = ParaProps{}; break;
+        case Word::Line: put(QChar::LineSeparator); break;
+        case Word::Tab: case Word::Cell: put(QChar(u'\t')); break;
+        case Word::Plain: {
+            const QString href = g.chr.href;  // \plain resets formatting, not the link it stands in
+            g.chr = CharProps{};
+            g.chr.href = href;
+            dirty_ = true;
+            break;
+        }
+        case Word::Bold: g.chr.bold = on; dirty_ = true; break;
+        case Word::Italic: g.chr.italic = on; dirty_ = true; break;
+        case Word::Underline: g.chr.underline = on; dirty_ = true; break;
+        case Word::UnderlineNone: g.chr.underline = false; dirty_ = true; break;
+        case Word::Strike: g.chr.strike = on; dirty_ = true; break;
+        case Word::FontSize:
+            g.chr.halfPoints = hasNumber ? std::clamp(number, 2, 1000) : 24;
+            dirty_ = true;
+            break;
+        case Word::Super: g.chr.vertical = 1; dirty_ = true; break;
+        case Word::Sub: g.chr.vertical = -1; dirty_ = true; break;
+        case Word::NoSuperSub: g.chr.vertical = 0; dirty_ = true; break;
+        case Word::AlignLeft: g.para.align = Qt::AlignLeft; break;
+        case Word::AlignCenter: g.para.align = Qt::AlignHCenter; break;
+        case Word::AlignRight: g.para.align = Qt::AlignRight; break;
+        case Word::AlignJustify: g.para.align = Qt::AlignJustify; break;
+        case Word::LeftIndent: g.para.left = twips(number); break;
+        case Word::RightIndent: g.para.right = twips(number); break;
+        case Word::FirstIndent: g.para.first = twips(number); break;
+        case Word::SpaceBefore: g.para.before = twips(number); break;
+        case Word::SpaceAfter: g.para.after = twips(number); break;
+        case Word::Ansi: page_ = codePage1252(); break;
+        case Word::Mac: page_ = codePageOf(10000); break;
+        case Word::Pc: page_ = codePageOf(437); break;
+        case Word::Pca: page_ = codePageOf(850); break;
+        case Word::AnsiCodePage:
+            if (hasNumber) page_ = codePageOf(number);
+            break;
+        case Word::Uc: g.uc = std::max(0, number); break;
+        case Word::U: {
+            long long code = number;
+            if (code < 0) code += 65536;  // RTF writes code points above 32767 as negative 16-bit numbers
+            if (code > 0 && code <= 0xFFFF) put(QChar(char16_t(code)));
+            skipCount_ = g.uc;
+            break;
+        }
+        case Word::Char: put(QChar(info.ch)); break;
+        case Word::Bin: break;
+        }
+    }
+
+    static int twips(int n) { return std::clamp(n, -31680, 31680); }  // within 22 inches either way
+
+    void putByte(unsigned char byte) {
+        if (byte < 0x20) {
+            if (byte == '\t') put(QChar(u'\t'));
+            return;  // other control bytes are not text
+        }
+        put(QChar(page_[byte]));
+    }
+
+    void put(QChar ch) {
+        if (overflow_ > 0) return;
+        Group& g = top();
+        if (g.dest == Dest::Skip) return;
+        if (g.dest == Dest::FieldInstruction) {
+            if (fieldInstruction_.size() < 4096) fieldInstruction_.append(ch);
+            return;
+        }
+        if (pendingBlock_) {
+            flush();
+            cursor_.insertBlock();
+            pendingBlock_ = false;
+        }
+        if (dirty_) {
+            if (!(g.chr == runProps_)) {
+                flush();
+                runProps_ = g.chr;
+            }
+            dirty_ = false;
+        }
+        run_.append(ch);
+        lastTextPara_ = g.para;
+    }
+
+    // Ends the paragraph: it takes the paragraph properties in force at its \par. The next block is made
+    // only when more text comes, so a closing \par leaves no empty paragraph behind.
+    void paragraph() {
+        if (skipping() || top().dest != Dest::Text) return;
+        if (pendingBlock_) {
+            flush();
+            cursor_.insertBlock();
+        }
+        flush();
+        cursor_.setBlockFormat(blockFormat(top().para));
+        pendingBlock_ = true;
+    }
+
+    void flush() {
+        if (run_.isEmpty()) return;
+        cursor_.insertText(run_, charFormat(runProps_));
+        run_.clear();
+    }
+
+    static QTextCharFormat charFormat(const CharProps& c) {
+        QTextCharFormat f;
+        f.setFontWeight(c.bold ? QFont::Bold : QFont::Normal);
+        f.setFontItalic(c.italic);
+        f.setFontUnderline(c.underline);
+        f.setFontStrikeOut(c.strike);
+        f.setFontPointSize(c.halfPoints / 2.0);
+        if (c.vertical != 0)
+            f.setVerticalAlignment(c.vertical > 0 ? QTextCharFormat::AlignSuperScript
+                                                  : QTextCharFormat::AlignSubScript);
+        if (!c.href.isEmpty()) {
+            f.setAnchor(true);
+            f.setAnchorHref(c.href);
+        }
+        return f;
+    }
+
+    static QTextBlockFormat blockFormat(const ParaProps& p) {
+        // Twips to the document's pixels at 96 dpi.
+        QTextBlockFormat f;
+        f.setAlignment(p.align);
+        f.setLeftMargin(p.left / 15.0);
+        f.setRightMargin(p.right / 15.0);
+        f.setTextIndent(p.first / 15.0);
+        f.setTopMargin(p.before / 15.0);
+        f.setBottomMargin(p.after / 15.0);
+        return f;
+    }
+
+    static bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+    static bool isDigit(char c) { return c >= '0' && c <= '9'; }
+    static int hexValue(char c) {
+        if (c >= '0' && c <= '9') return c - '0';
+        if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+        if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+        return -1;
+    }
+
+    const char* p_;
+    const char* end_;
+    QTextCursor cursor_;
+    CodePage page_;
+    std::vector<Group> stack_;
+    int overflow_ = 0;        // groups opened beyond the depth cap, passed over whole
+    int skipCount_ = 0;       // fallback characters still to drop after a \uN
+    bool star_ = false;       // "\*" seen: the next destination is ignorable
+    bool dirty_ = true;       // character properties may have changed since the last run
+    bool pendingBlock_ = false;
+    ParaProps lastTextPara_;  // paragraph properties at the last text, for a last paragraph with no \par
+    CharProps runProps_;
+    QString run_;
+    QString fieldInstruction_;
+};
+
+}  // namespace
+
+void readRtf(const QByteArray& rtf, QTextDocument& document) {
+    document.clear();
+    const bool undo = document.isUndoRedoEnabled();
+    document.setUndoRedoEnabled(false);
+    Reader(rtf, document).read();
+    document.setUndoRedoEnabled(undo);
+}
+
+}  // namespace documents

@@ -1,0 +1,20 @@
+#pragma once
+// Our own reader of Rich Text Format into a QTextDocument: text, paragraphs, bold, italic, underline,
+// font sizes, alignment and indents, special characters and hyperlinks. Pictures, objects, tables of
+// fonts, colours and styles, headers and footers are passed over.
+//
+// It reads in one pass without recursion: group depth is capped, numbers are clamped, \bin counts are
+// bounded by the input, so truncated or hostile bytes end in a partial document, never a crash or a hang.
+#include <QByteArray>
+
+class QTextDocument;
+
+namespace documents {
+
+// Deepest group whose content is read; anything nested deeper is passed over.
+inline constexpr int kRtfMaxDepth = 256;
+
+// Replaces the content of `document` by what `rtf` holds.
+void readRtf(const QByteArray& rtf, QTextDocument& document);
+
+}  // namespace documents

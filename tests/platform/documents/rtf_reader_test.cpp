@@ -1,0 +1,227 @@
+#include "platform/documents/rtf_reader.h"
+
+#include "support/printers.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QStandardPaths>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextFragment>
+
+#include <gtest/gtest.h>
+
+namespace documents {
+namespace {
+
+QString read(const QByteArray& rtf) {
+    QTextDocument document;
+    readRtf(rtf, document);
+    return document.toPlainText();
+}
+
+// The document as text with its formatting marked: <b>, <i>, <u>, <18pt>, <a href>, "[c]" before a
+// centred paragraph, "|" between paragraphs. Each fragment is marked on its own.
+QString describe(const QTextDocument& document) {
+    QStringList blocks;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        QString out;
+        if (block.blockFormat().alignment() & Qt::AlignHCenter) out += QLatin1String("[c]");
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment fragment = it.fragment();
+            const QTextCharFormat f = fragment.charFormat();
+            QString open, close;
+            auto mark = [&](bool on, const QString& tag, const QString& name) {
+                if (!on) return;
+                open += QLatin1Char('<') + tag + QLatin1Char('>');
+                close.prepend(QLatin1String("</") + name + QLatin1Char('>'));
+            };
+            mark(f.isAnchor(), QLatin1String("a ") + f.anchorHref(), QStringLiteral("a"));
+            mark(f.fontWeight() == QFont::Bold, QStringLiteral("b"), QStringLiteral("b"));
+            mark(f.fontItalic(), QStringLiteral("i"), QStringLiteral("i"));
+            mark(f.fontUnderline(), QStringLiteral("u"), QStringLiteral("u"));
+            mark(f.fontPointSize() != 12, QString::number(f.fontPointSize()) + QLatin1String("pt"),
+                 QStringLiteral("pt"));
+            out += open + fragment.text() + close;
+        }
+        blocks << out;
+    }
+    return blocks.join(QLatin1Char('|'));
+}
+
+struct RtfCase {
+    const char* name;
+    QByteArray rtf;
+    const char* expected;  // UTF-8, as describe() writes it
+};
+
+class RtfReads : public ::testing::TestWithParam<RtfCase> {};
+
+TEST_P(RtfReads, TextAndFormatting) {
+    QTextDocument document;
+    readRtf(GetParam().rtf, document);
+    EXPECT_EQ(describe(document), QString::fromUtf8(GetParam().expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rtf, RtfReads,
+    ::testing::Values(
+        RtfCase{"plainRun", "{\\rtf1\\ansi Hello  world}", "Hello  world"},
+        RtfCase{"lineBreaksInSourceAreNotText", "{\\rtf1 Sec\r\ntion\n 11}", "Section 11"},
+        RtfCase{"boldOnOff", "{\\rtf1 a \\b bold\\b0  c}", "a <b>bold</b> c"},
+        RtfCase{"italicUnderline", "{\\rtf1 \\i it\\i0 \\ul u\\ulnone x\\ul y\\ul0 z}",
+                "<i>it</i><u>u</u>x<u>y</u>z"},
+        RtfCase{"groupsRestore", "{\\rtf1 a{\\b b{\\i c}d}e}", "a<b>b</b><b><i>c</i></b><b>d</b>e"},
+        RtfCase{"plainResets", "{\\rtf1\\b\\i\\fs40 x\\plain y}", "<b><i><20pt>x</pt></i></b>y"},
+        RtfCase{"fontSizeHalfPoints", "{\\rtf1 \\fs36 big\\fs24 normal}", "<18pt>big</pt>normal"},
+        RtfCase{"hexCp1252", "{\\rtf1\\ansi caf\\'e9 \\'80\\'93x\\'94}", "café €“x”"},
+        RtfCase{"hexOtherCodePage", "{\\rtf1\\ansi\\ansicpg1251 \\'c0\\'e1}", "Аб"},
+        RtfCase{"rawHighBytesUseCodePage", "{\\rtf1 caf\xE9}", "café"},
+        RtfCase{"unicodeSkipsOneFallback", "{\\rtf1 \\u8364? 5}", "€ 5"},
+        RtfCase{"unicodeNegative", "{\\rtf1 \\u-1279?x}", "ﬁx"},
+        RtfCase{"unicodeFallbackAsHex", "{\\rtf1 \\u8364\\'80x}", "€x"},
+        RtfCase{"ucTwoSkipsTwo", "{\\rtf1\\uc2 \\u8364??x}", "€x"},
+        RtfCase{"ucZeroSkipsNone", "{\\rtf1\\uc0 \\u8364 x}", "€x"},
+        RtfCase{"ucIsScopedToGroup", "{\\rtf1 {\\uc2 \\u233??}\\u233?x}", "ééx"},
+        RtfCase{"fallbackEndsAtGroup", "{\\rtf1\\uc3 {\\u233?}x}", "éx"},
+        RtfCase{"skippedDestinations",
+                "{\\rtf1{\\fonttbl{\\f0\\fswiss Arial;}}{\\colortbl;\\red0\\green0\\blue0;}"
+                "{\\stylesheet{\\s0 Normal;}}{\\info{\\title T}{\\author A}}Body"
+                "{\\*\\generator x;}{\\pict\\pngblip 89504e47}{\\object\\objemb{\\*\\objdata 01}}"
+                "{\\header H}{\\footer F}{\\headerl L}{\\*\\unknown zz{\\b deep}} end}",
+                "Body end"},
+        RtfCase{"tabParLine", "{\\rtf1 a\\tab b\\par c\\line d}", "a\tb|c\u2028d"},
+        RtfCase{"closingParLeavesNoEmptyParagraph", "{\\rtf1 a\\par}", "a"},
+        RtfCase{"emptyParagraphsKept", "{\\rtf1 a\\par\\par b}", "a||b"},
+        RtfCase{"symbols", "{\\rtf1 \\{x\\} \\\\ a\\~b c\\-d e\\_f}", "{x} \\ a\u00A0b c\u00ADd e\u2011f"},
+        RtfCase{"namedCharacters", "{\\rtf1 \\ldblquote q\\rdblquote\\emdash\\bullet}", "“q”—•"},
+        RtfCase{"pardResetsAlignment", "{\\rtf1\\qc a\\par\\pard b}", "[c]a|b"},
+        RtfCase{"alignmentAtParCounts", "{\\rtf1 a\\qc\\par\\pard b}", "[c]a|b"},
+        RtfCase{"hyperlinkField",
+                "{\\rtf1 see {\\field{\\*\\fldinst{HYPERLINK \"http://x.in/a b\"}}{\\fldrslt{\\ul Site}}} now}",
+                "see <a http://x.in/a b><u>Site</u></a> now"},
+        RtfCase{"bookmarkLink",
+                "{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\l \"a10\"}{\\fldrslt Sec 10}}}",
+                "<a #a10>Sec 10</a>"},
+        RtfCase{"otherFieldShowsResult", "{\\rtf1{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}}", "3"},
+        RtfCase{"binaryDataPassedOver", "{\\rtf1 a{\\pict\\bin3 {{{}b}", "ab"},
+        RtfCase{"binaryCountBeyondEnd", "{\\rtf1 a{\\pict\\bin99999999 xy", "a"},
+        RtfCase{"strayClosingBraces", "{\\rtf1 a}}}b", "ab"},
+        RtfCase{"cutInsideHex", "{\\rtf1 a\\'4", "a"},
+        RtfCase{"hugeNumber", "{\\rtf1 \\u-99999999999?a\\fs99999999999999 b}", "a<500pt>b</pt>"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+QString fixturePath(const char* name) {
+    return QStringLiteral(VORLAN_SOURCE_DIR "/tests/platform/documents/fixtures/") + QLatin1String(name);
+}
+
+QByteArray fixture(const char* name) {
+    QFile file(fixturePath(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+    return file.readAll();
+}
+
+// RTF written by another program (pandoc), kept as a file.
+TEST(RtfFixtures, ReadBackAsWritten) {
+    QTextDocument document;
+    readRtf(fixture("input_tax_credit.rtf"), document);
+    const QString text = document.toPlainText();
+    EXPECT_TRUE(text.startsWith(QLatin1String("Input tax credit\nA registered dealer may claim input tax credit")));
+    EXPECT_TRUE(text.contains(QLatin1String("1.\tKeep the original tax invoice.\n2.\tEnter the bill")));
+    EXPECT_TRUE(text.contains(QString::fromUtf8("bill of € 1,250.00 at 12.5% is ₹ 156.25; the café’s receipt")));
+    EXPECT_TRUE(text.endsWith(QLatin1String("See the Commercial Taxes Department for the notified forms.")));
+    EXPECT_FALSE(text.contains(QLatin1String("Helvetica")));
+    const QString marked = describe(document);
+    EXPECT_TRUE(marked.startsWith(QLatin1String("<b><18pt>Input tax credit</pt></b>|")));
+    EXPECT_TRUE(marked.contains(QLatin1String("claim <b>input tax credit</b> on purchases from <i>registered</i>")));
+    EXPECT_TRUE(marked.contains(QLatin1String("<a http://keralataxes.gov.in><u>Commercial Taxes Department</u></a>")));
+
+    readRtf(fixture("schedule_of_rates.rtf"), document);
+    const QString schedule = document.toPlainText();
+    for (const char* cell : {"Schedule of rates", "Drugs and medicines", "12.5", "Goods not named in any schedule"})
+        EXPECT_TRUE(schedule.contains(QLatin1String(cell))) << cell;
+}
+
+// pandoc writes fresh RTF at test time, so a change in its writer shows up here.
+TEST(RtfFromPandoc, MarkdownReadsBack) {
+    const QString pandoc = QStandardPaths::findExecutable(QStringLiteral("pandoc"));
+    if (pandoc.isEmpty()) GTEST_SKIP() << "pandoc is not on PATH";
+    QProcess process;
+    process.start(pandoc, {QStringLiteral("-s"), QStringLiteral("-f"), QStringLiteral("markdown"),
+                           QStringLiteral("-t"), QStringLiteral("rtf")});
+    ASSERT_TRUE(process.waitForStarted());
+    process.write(QString::fromUtf8("Rule **58**: *cess* at 1% on ₹ 10,000.\n\n- first\n- second \\\nline\n").toUtf8());
+    process.closeWriteChannel();
+    ASSERT_TRUE(process.waitForFinished(30000));
+    const QByteArray rtf = process.readAllStandardOutput();
+    ASSERT_TRUE(rtf.startsWith("{\\rtf")) << rtf.constData();
+    QTextDocument document;
+    readRtf(rtf, document);
+    EXPECT_EQ(document.toPlainText(),
+              QString::fromUtf8("Rule 58: cess at 1% on ₹ 10,000.\n\u2022\tfirst\n\u2022\tsecond\nline"));
+    EXPECT_EQ(document.blockCount(), 3) << "a line break is not a paragraph";
+    EXPECT_TRUE(describe(document).startsWith(QLatin1String("Rule <b>58</b>: <i>cess</i> at")));
+}
+
+// Every prefix of a real file, random byte flips and hostile shapes: no crash, each within a bound.
+TEST(RtfRobustness, HostileInputEndsQuickly) {
+    const QByteArray source = fixture("input_tax_credit.rtf");
+    QElapsedTimer timer;
+    timer.start();
+    for (qsizetype cut = 0; cut <= source.size(); ++cut) read(source.left(cut));
+    EXPECT_LT(timer.elapsed(), 5000) << "all prefixes";
+
+    QRandomGenerator random(20081);
+    timer.restart();
+    for (int round = 0; round < 2000; ++round) {
+        QByteArray bytes = source;
+        for (int flip = 0; flip < 8; ++flip)
+            bytes[random.bounded(int(bytes.size()))] = char(random.bounded(256));
+        read(bytes);
+    }
+    EXPECT_LT(timer.elapsed(), 10000) << "random flips";
+
+    const QByteArray hostile[] = {
+        "{\\rtf1 " + QByteArray(10000, '{') + "deep" + QByteArray(10000, '}') + " shallow}",
+        "{\\rtf1 " + QByteArray(10000, '{') + "never closed",
+        "{\\rtf1 \\u-99999999999 \\uc99999999999 x}",
+        "{\\rtf1 }" + QByteArray(10000, '}') + "after",
+        "{\\rtf1 \\" + QByteArray(100000, 'a') + "1234567890123456789012345 x}",
+        "{\\rtf1 " + QByteArray(5000, '\\') + "}",
+        QByteArray("{\\rtf1 a\0b\\'00c}", 16),
+    };
+    for (const QByteArray& bytes : hostile) {
+        timer.restart();
+        read(bytes);
+        EXPECT_LT(timer.elapsed(), 1000) << bytes.left(40).constData();
+    }
+    EXPECT_EQ(read(hostile[0]), QLatin1String(" shallow"));
+    EXPECT_EQ(read(hostile[3]), QLatin1String("after"));
+    EXPECT_EQ(read(hostile[6]), QLatin1String("abc"));
+}
+
+// A document of 1 MB, in the shape of a long circular: paragraphs with bold and italic runs.
+TEST(RtfSpeed, OneMegabyteReadsFast) {
+    QByteArray rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0 Arial;}}\\fs22 ";
+    int paragraphs = 0;
+    while (rtf.size() < 1024 * 1024) {
+        rtf += "{\\pard\\sa120\\fi-360\\li360 " + QByteArray::number(++paragraphs) +
+               ".\\tab A dealer whose {\\b turnover} exceeds the {\\i limit} shall register under section 15"
+               " and file a return in Form 10 by the 15th of the next month (caf\\'e9 \\u8364?).\\par}\n";
+    }
+    rtf += "}";
+    QTextDocument document;
+    QElapsedTimer timer;
+    timer.start();
+    readRtf(rtf, document);
+    const qint64 ms = timer.elapsed();
+    std::printf("[ figure ] %lld bytes of RTF, %d paragraphs read in %lld ms\n", static_cast<long long>(rtf.size()),
+                paragraphs, static_cast<long long>(ms));
+    EXPECT_EQ(document.blockCount(), paragraphs);
+    EXPECT_LT(ms, 100);
+}
+
+}  // namespace
+}  // namespace documents
