@@ -1,0 +1,123 @@
+// A bad source stops the builder with the file and line, and leaves the output folder as it was:
+// no half library, and an earlier good one untouched.
+#include "library_files.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace libtest;
+
+namespace {
+
+void copyTree(const QString& from, const QString& to)
+{
+    QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString source = it.next();
+        const QString target = to + source.mid(from.size());
+        QDir().mkpath(QFileInfo(target).path());
+        ASSERT_TRUE(QFile::copy(source, target)) << target.toStdString();
+    }
+}
+
+// Each file of the folder with a digest of its bytes.
+QStringList contents(const QString& dir)
+{
+    QStringList list;
+    for (const QFileInfo& info : QDir(dir).entryInfoList(QDir::Files | QDir::Hidden, QDir::Name)) {
+        QFile file(info.filePath());
+        file.open(QIODevice::ReadOnly);
+        list << info.fileName() + ' ' + QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha1).toHex();
+    }
+    return list;
+}
+
+struct BadSource {
+    const char* name;
+    QString file;     // the source file changed
+    QString find;     // its first occurrence is replaced
+    QString replace;
+    QString problem;  // what the message says after "<file>:<line>: "
+};
+
+void PrintTo(const BadSource& c, std::ostream* os) { *os << c.name; }
+
+class BadSources : public ::testing::TestWithParam<BadSource> {};
+
+TEST_P(BadSources, StopTheBuildNamingFileAndLineAndChangeNothing)
+{
+    const BadSource& c = GetParam();
+    QTemporaryDir work;
+    const QString source = work.filePath("library");
+    copyTree(kSource, source);
+
+    QFile file(source + '/' + c.file);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    QString text = QString::fromUtf8(file.readAll());
+    const qsizetype at = text.indexOf(c.find);
+    ASSERT_GE(at, 0) << "the sample no longer holds " << c.find.toStdString();
+    const int line = int(text.left(at).count('\n')) + 1;
+    text.replace(at, c.find.size(), c.replace);
+    file.resize(0);
+    file.write(text.toUtf8());
+    file.close();
+
+    const QString expected = source + '/' + c.file + ':' + QString::number(line) + ": " + c.problem;
+
+    // Into a folder that holds a good library: it stays byte for byte, and nothing is added.
+    const QString good = work.filePath("good");
+    copyTree(sampleLibrary(), good);
+    const QStringList before = contents(good);
+    QString err;
+    EXPECT_EQ(build({"--source", source, "--out", good}, &err), 1);
+    EXPECT_TRUE(err.contains(expected)) << err.toStdString() << "\nwanted: " << expected.toStdString();
+    EXPECT_EQ(contents(good), before);
+
+    // Into an empty folder: it stays empty.
+    const QString empty = work.filePath("empty");
+    QDir().mkpath(empty);
+    EXPECT_EQ(build({"--source", source, "--out", empty}, &err), 1);
+    EXPECT_EQ(contents(empty), QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sample, BadSources,
+    ::testing::Values(
+        BadSource{"MissingDocument", "Kerala.tsv", "act-section-6.rtf", "act-section-6b.rtf",
+                  "document 'act-section-6b.rtf' not found"},
+        BadSource{"ExtraField", "Globalvatse.tsv", "cashew-board.rtf", "cashew-board.rtf\textra",
+                  "4 fields where the header names 3 columns"},
+        BadSource{"MissingField", "Allshedule.tsv", "\tk\tschedule-third.rtf", "\tschedule-third.rtf",
+                  "3 fields where the header names 4 columns"},
+        BadSource{"UnknownColumn", "Keralafields.tsv", "RJudjmentSection", "RJudgmentSection",
+                  "unknown column 'RJudgmentSection'"},
+        BadSource{"NotANumber", "CAPractice.tsv", "\t15.5\t", "\tfifteen\t", "column Weight wants a number"},
+        // Found only while the last file is written, after the first two are complete.
+        BadSource{"KeyTwice", "CAPractice.tsv", "4\tX\tNote", "3\tX\tNote", "UNIQUE constraint failed: CAPractice.ID"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(Usage, WrongArgumentsBuildNothing)
+{
+    QTemporaryDir out;
+    const QStringList cases[] = {
+        {},
+        {"--source", kSource},
+        {"--source", kSource, "--synthetic", "10", "--out", out.path()},
+        {"--synthetic", "ten", "--out", out.path()},
+        {"--source", kSource, "--out"},
+        {"--sources", kSource, "--out", out.path()},
+    };
+    for (const QStringList& arguments : cases) {
+        QString err;
+        EXPECT_EQ(build(arguments, &err), 2) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(err.startsWith("usage:"));
+    }
+    EXPECT_EQ(contents(out.path()), QStringList());
+}
+
+}  // namespace
