@@ -108,8 +108,6 @@ TEST(Usage, WrongArgumentsBuildNothing)
         {},
         {"--source", kSource},
         {"--source", kSource, "--synthetic", "10", "--out", out.path()},
-        {"--synthetic", "ten", "--out", out.path()},
-        {"--source", kSource, "--out"},
         {"--sources", kSource, "--out", out.path()},
     };
     for (const QStringList& arguments : cases) {

@@ -70,20 +70,6 @@ INSTANTIATE_TEST_SUITE_P(
         TableCase{kFile3, "Allshedule", "ID:INTEGER Schname:TEXT Stid:TEXT fname:LONGBINARY"},
         TableCase{kFile3, "CAPractice", "ID:INTEGER name:TEXT Type:TEXT Weight:DOUBLE fname:LONGBINARY"}));
 
-TEST(Files, EachHoldsOnlyItsOwnTables)
-{
-    const QString dir = sampleLibrary();
-    const std::pair<LibraryFileName, QString> expected[] = {
-        {kFile1, "Globalvat Kerala Keralafields"}, {kFile2, "Globalvatse"}, {kFile3, "Allshedule CAPractice"}};
-    for (const auto& [file, tables] : expected) {
-        QStringList names;
-        for (const QVariantList& row : query(QDir(dir).filePath(file.file), file.password,
-                                             "SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name"))
-            names << row[0].toString();
-        EXPECT_EQ(names.join(' '), tables);
-    }
-}
-
 // What a person at the shell sees: sqlcipher with the key reads the file, plain sqlite3 cannot.
 TEST(Files, CommandLineToolsSeeTheEncryption)
 {

@@ -87,18 +87,12 @@ std::vector<QVariantList> run(sqlite3* db, const QString& sql, const QVariantLis
     while ((step = sqlite3_step(statement)) == SQLITE_ROW) {
         QVariantList row;
         for (int c = 0; c < sqlite3_column_count(statement); ++c) {
-            switch (sqlite3_column_type(statement, c)) {
-            case SQLITE_NULL: row << QVariant(); break;
-            case SQLITE_INTEGER: row << QVariant(qint64(sqlite3_column_int64(statement, c))); break;
-            case SQLITE_FLOAT: row << QVariant(sqlite3_column_double(statement, c)); break;
-            case SQLITE_BLOB:
-                row << QVariant(QByteArray(static_cast<const char*>(sqlite3_column_blob(statement, c)),
-                                           sqlite3_column_bytes(statement, c)));
-                break;
-            default:
-                row << QVariant(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, c)),
-                                                  sqlite3_column_bytes(statement, c)));
-            }
+            // Null, a document's bytes, or anything else read as text.
+            const int type = sqlite3_column_type(statement, c);
+            const char* data = static_cast<const char*>(
+                type == SQLITE_BLOB ? sqlite3_column_blob(statement, c) : (const void*)sqlite3_column_text(statement, c));
+            const QByteArray bytes(data, sqlite3_column_bytes(statement, c));
+            row << (type == SQLITE_NULL ? QVariant() : type == SQLITE_BLOB ? QVariant(bytes) : QVariant(QString::fromUtf8(bytes)));
         }
         rows.push_back(row);
     }
