@@ -63,6 +63,8 @@ struct CharProps {
 struct ParaProps {
     Qt::Alignment align = Qt::AlignLeft;
     int left = 0, right = 0, first = 0, before = 0, after = 0;  // twips
+    std::array<int, 32> tabs{};                                  // tab stops, twips from the left margin
+    int tabCount = 0;
 };
 
 enum class Dest { Text, FieldInstruction, Skip };
@@ -79,7 +81,7 @@ enum class Word {
     Par, Pard, Line, Tab, Cell, Plain,
     Bold, Italic, Underline, UnderlineNone, Strike, FontSize, Super, Sub, NoSuperSub,
     AlignLeft, AlignCenter, AlignRight, AlignJustify, LeftIndent, RightIndent, FirstIndent, SpaceBefore,
-    SpaceAfter,
+    SpaceAfter, TabStop,
     Ansi, Mac, Pc, Pca, AnsiCodePage, Uc, U, Bin,
     Char,  // a named special character
 };
@@ -114,7 +116,7 @@ const std::unordered_map<std::string_view, WordInfo>& words() {
             {"fs", Word::FontSize}, {"super", Word::Super}, {"sub", Word::Sub}, {"nosupersub", Word::NoSuperSub},
             {"ql", Word::AlignLeft}, {"qc", Word::AlignCenter}, {"qr", Word::AlignRight},
             {"qj", Word::AlignJustify}, {"li", Word::LeftIndent}, {"ri", Word::RightIndent},
-            {"fi", Word::FirstIndent}, {"sb", Word::SpaceBefore}, {"sa", Word::SpaceAfter},
+            {"fi", Word::FirstIndent}, {"sb", Word::SpaceBefore}, {"sa", Word::SpaceAfter}, {"tx", Word::TabStop},
             {"ansi", Word::Ansi}, {"mac", Word::Mac}, {"pc", Word::Pc}, {"pca", Word::Pca},
             {"ansicpg", Word::AnsiCodePage}, {"uc", Word::Uc}, {"u", Word::U}, {"bin", Word::Bin}};
         for (const auto& [w, word] : plain) t[w] = {word};
@@ -202,6 +204,7 @@ private:
         }
         stack_.push_back(stack_.back());
         dirty_ = true;
+        paraDirty_ = true;
     }
 
     void closeGroup() {
@@ -213,6 +216,7 @@ private:
         }
         if (stack_.size() > 1) stack_.pop_back();  // a stray '}' at the outer level is ignored
         dirty_ = true;
+        paraDirty_ = true;
     }
 
     // After a backslash: a control word with its number, or a control symbol.
@@ -298,6 +302,7 @@ private:
         }
         Group& g = top();
         const bool on = !hasNumber || number != 0;
+        paraDirty_ = true;
         switch (info.word) {
         case Word::Skip: g.dest = Dest::Skip; break;
         case Word::Star: break;
@@ -344,6 +349,9 @@ private:
         case Word::FirstIndent: g.para.first = twips(number); break;
         case Word::SpaceBefore: g.para.before = twips(number); break;
         case Word::SpaceAfter: g.para.after = twips(number); break;
+        case Word::TabStop:
+            if (g.para.tabCount < int(g.para.tabs.size())) g.para.tabs[g.para.tabCount++] = twips(number);
+            break;
         case Word::Ansi: page_ = codePage1252(); break;
         case Word::Mac: page_ = codePageOf(10000); break;
         case Word::Pc: page_ = codePageOf(437); break;
@@ -395,7 +403,10 @@ private:
             dirty_ = false;
         }
         run_.append(ch);
-        lastTextPara_ = g.para;
+        if (paraDirty_) {
+            lastTextPara_ = g.para;
+            paraDirty_ = false;
+        }
     }
 
     // Ends the paragraph: it takes the paragraph properties in force at its \par. The next block is made
@@ -443,6 +454,13 @@ private:
         f.setTextIndent(p.first / 15.0);
         f.setTopMargin(p.before / 15.0);
         f.setBottomMargin(p.after / 15.0);
+        if (p.tabCount > 0) {
+            // Both RTF and Qt measure tab stops from the page's left edge, not the paragraph's indent.
+            QList<QTextOption::Tab> tabs;
+            for (int t = 0; t < p.tabCount; ++t)
+                if (p.tabs[t] > 0) tabs.append(QTextOption::Tab(p.tabs[t] / 15.0, QTextOption::LeftTab));
+            f.setTabPositions(tabs);
+        }
         return f;
     }
 
@@ -465,6 +483,7 @@ private:
     bool star_ = false;       // "\*" seen: the next destination is ignorable
     bool dirty_ = true;       // character properties may have changed since the last run
     bool pendingBlock_ = false;
+    bool paraDirty_ = true;  // paragraph properties may have changed since lastTextPara_ was taken
     ParaProps lastTextPara_;  // paragraph properties at the last text, for a last paragraph with no \par
     CharProps runProps_;
     QString run_;

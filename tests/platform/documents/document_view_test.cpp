@@ -14,6 +14,7 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QTextLayout>
 
 #include <gtest/gtest.h>
 
@@ -133,6 +134,23 @@ TEST(FullViewer, OneMaximisedWindowReusedForEachDocument) {
     EXPECT_EQ(viewer->view()->kind(), Kind::Pdf);
     EXPECT_EQ(viewer->view()->pageCount(), 2);
     viewer->hide();
+}
+
+// A numbered paragraph with a hanging indent, as word processors write lists: the text after the number's
+// tab starts where the wrapped lines start.
+TEST(DocumentViewLayout, HangingIndentTabMeetsTheIndent) {
+    DocumentView view;
+    view.resize(300, 300);
+    view.setDocument("{\\rtf1{\\pard\\li720\\fi-720\\tx720 1.\\tab Keep the original tax invoice of every bill"
+                     " for six years from the end of the year.\\par}}");
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    const QTextBlock block = view.textBrowser()->document()->firstBlock();
+    const QTextLayout* layout = block.layout();
+    ASSERT_GE(layout->lineCount(), 2);
+    const qreal afterTab = layout->lineAt(0).cursorToX(3);
+    EXPECT_EQ(afterTab, layout->lineAt(1).x());
+    EXPECT_EQ(afterTab, 48.0);  // 720 twips
 }
 
 // Draws a real document offscreen and keeps the picture for a look by eye.
