@@ -5,6 +5,7 @@
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextTable>
 
 #include <algorithm>
 #include <array>
@@ -65,7 +66,11 @@ struct ParaProps {
     int left = 0, right = 0, first = 0, before = 0, after = 0;  // twips
     std::array<int, 32> tabs{};                                  // tab stops, twips from the left margin
     int tabCount = 0;
+    bool inTable = false;  // \intbl: the paragraph belongs to a table cell
 };
+
+// Widest table we build; further cells of a row run on in its last cell.
+constexpr int kMaxColumns = 64;
 
 enum class Dest { Text, FieldInstruction, Skip };
 
@@ -78,7 +83,7 @@ struct Group {
 
 enum class Word {
     Skip, Star, FieldInstruction, FieldResult, Field,
-    Par, Pard, Line, Tab, Cell, Plain,
+    Par, Pard, Line, Tab, Cell, Row, InTable, RowDefaults, CellRight, Plain,
     Bold, Italic, Underline, UnderlineNone, Strike, FontSize, Super, Sub, NoSuperSub,
     AlignLeft, AlignCenter, AlignRight, AlignJustify, LeftIndent, RightIndent, FirstIndent, SpaceBefore,
     SpaceAfter, TabStop,
@@ -107,9 +112,10 @@ const std::unordered_map<std::string_view, WordInfo>& words() {
             t[w] = {Word::Skip};
         const std::pair<const char*, Word> plain[] = {
             {"fldinst", Word::FieldInstruction}, {"fldrslt", Word::FieldResult}, {"field", Word::Field},
-            {"par", Word::Par}, {"page", Word::Par}, {"sect", Word::Par}, {"row", Word::Par},
-            {"pard", Word::Pard}, {"line", Word::Line}, {"tab", Word::Tab}, {"cell", Word::Cell},
-            {"nestcell", Word::Cell}, {"plain", Word::Plain}, {"b", Word::Bold}, {"i", Word::Italic},
+            {"par", Word::Par}, {"page", Word::Par}, {"sect", Word::Par}, {"row", Word::Row}, {"nestrow", Word::Par},
+            {"pard", Word::Pard}, {"line", Word::Line}, {"tab", Word::Tab}, {"cell", Word::Cell}, {"intbl", Word::InTable}, {"trowd", Word::RowDefaults},
+            {"cellx", Word::CellRight},
+            {"nestcell", Word::Tab}, {"plain", Word::Plain}, {"b", Word::Bold}, {"i", Word::Italic},
             {"ul", Word::Underline}, {"uld", Word::Underline}, {"uldb", Word::Underline},
             {"uldash", Word::Underline}, {"ulw", Word::Underline}, {"ulwave", Word::Underline},
             {"ulth", Word::Underline}, {"ulnone", Word::UnderlineNone}, {"strike", Word::Strike},
@@ -320,7 +326,14 @@ private:
         case Word::Par: paragraph(); break;
         case Word::Pard: g.para = ParaProps{}; break;
         case Word::Line: put(QChar::LineSeparator); break;
-        case Word::Tab: case Word::Cell: put(QChar(u'\t')); break;
+        case Word::Tab: put(QChar(u'\t')); break;
+        case Word::Cell: endCell(); break;
+        case Word::Row: endRow(); break;
+        case Word::InTable: g.para.inTable = true; break;
+        case Word::RowDefaults: cellRights_.clear(); break;
+        case Word::CellRight:
+            if (int(cellRights_.size()) < kMaxColumns) cellRights_.push_back(twips(number));
+            break;
         case Word::Plain: {
             const QString href = g.chr.href;  // \plain resets formatting, not the link it stands in
             g.chr = CharProps{};
@@ -390,6 +403,7 @@ private:
             if (fieldInstruction_.size() < 4096) fieldInstruction_.append(ch);
             return;
         }
+        if (g.para.inTable || table_) placeForTable(g.para);
         if (pendingBlock_) {
             flush();
             cursor_.insertBlock();
@@ -413,6 +427,7 @@ private:
     // only when more text comes, so a closing \par leaves no empty paragraph behind.
     void paragraph() {
         if (skipping() || top().dest != Dest::Text) return;
+        if (top().para.inTable || table_) placeForTable(top().para);
         if (pendingBlock_) {
             flush();
             cursor_.insertBlock();
@@ -420,6 +435,93 @@ private:
         flush();
         cursor_.setBlockFormat(blockFormat(top().para));
         pendingBlock_ = true;
+    }
+
+    // Tables. A cell or row end only marks the end; the cursor moves on when the next content comes, so
+    // that the last \cell of a row makes no extra column and the last \row no extra row.
+    void placeForTable(const ParaProps& para) {
+        if (!para.inTable) {
+            if (table_) closeTable();
+            return;
+        }
+        if (!table_) {
+            openTable();
+        } else if (rowEnded_) {
+            flush();
+            table_->appendRows(1);
+            ++row_;
+            col_ = 0;
+            widenTable(int(cellRights_.size()));
+            cursor_ = table_->cellAt(row_, 0).firstCursorPosition();
+        } else if (cellEnded_) {
+            flush();
+            if (col_ + 1 >= table_->columns()) widenTable(col_ + 2);
+            if (col_ + 1 < table_->columns()) {
+                ++col_;
+                cursor_ = table_->cellAt(row_, col_).firstCursorPosition();
+            } else {
+                run_.append(QChar(u'\t'));  // beyond the widest table: the cell runs on
+            }
+        }
+        rowEnded_ = cellEnded_ = false;
+    }
+
+    void openTable() {
+        flush();
+        pendingBlock_ = false;  // Qt puts the table after the paragraph that just ended
+        const int columns = std::max<int>(1, int(cellRights_.size()));
+        QTextTableFormat format;
+        format.setBorder(1);
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setBorderCollapse(true);
+        format.setCellSpacing(0);
+        format.setCellPadding(4);
+        QList<QTextLength> widths;
+        int left = 0;
+        for (int right : cellRights_) {
+            widths.append(QTextLength(QTextLength::FixedLength, std::max(15, right - left) / 15.0));
+            left = right;
+        }
+        if (int(widths.size()) == columns) format.setColumnWidthConstraints(widths);
+        table_ = cursor_.insertTable(1, columns, format);
+        row_ = col_ = 0;
+    }
+
+    void widenTable(int columns) {
+        columns = std::min(columns, kMaxColumns);
+        if (columns > table_->columns()) table_->appendColumns(columns - table_->columns());
+    }
+
+    void closeTable() {
+        flush();
+        cursor_ = table_->lastCursorPosition();
+        cursor_.movePosition(QTextCursor::NextBlock);
+        table_ = nullptr;
+        pendingBlock_ = rowEnded_ = cellEnded_ = false;
+    }
+
+    void endCell() {
+        if (skipping() || top().dest != Dest::Text) return;
+        if (!top().para.inTable && !table_) {
+            put(QChar(u'\t'));  // a cell outside any table reads as a tab
+            return;
+        }
+        placeForTable(top().para);
+        flush();
+        pendingBlock_ = false;
+        cellEnded_ = true;
+    }
+
+    void endRow() {
+        if (skipping() || top().dest != Dest::Text) return;
+        if (!table_) {
+            paragraph();
+            return;
+        }
+        flush();
+        pendingBlock_ = false;
+        rowEnded_ = true;
+        cellEnded_ = false;
     }
 
     void flush() {
@@ -488,6 +590,10 @@ private:
     CharProps runProps_;
     QString run_;
     QString fieldInstruction_;
+    QTextTable* table_ = nullptr;   // the table the cursor stands in
+    int row_ = 0, col_ = 0;
+    bool cellEnded_ = false, rowEnded_ = false;
+    std::vector<int> cellRights_;   // \cellx of the current row definition, twips
 };
 
 }  // namespace

@@ -10,6 +10,8 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFragment>
+#include <QTextFrame>
+#include <QTextTable>
 
 #include <gtest/gtest.h>
 
@@ -123,6 +125,55 @@ QByteArray fixture(const char* name) {
     return file.readAll();
 }
 
+// Text of each cell of the first table, a row a line, cells joined by "|"; "" when there is none.
+QString firstTable(const QTextDocument& document) {
+    for (QTextFrame* frame : document.rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (!table) continue;
+        QStringList rows;
+        for (int r = 0; r < table->rows(); ++r) {
+            QStringList cells;
+            for (int c = 0; c < table->columns(); ++c) {
+                QTextCursor cursor = table->cellAt(r, c).firstCursorPosition();
+                cursor.setPosition(table->cellAt(r, c).lastCursorPosition().position(), QTextCursor::KeepAnchor);
+                cells << cursor.selectedText();
+            }
+            rows << cells.join(QLatin1Char('|'));
+        }
+        return rows.join(QLatin1Char('\n'));
+    }
+    return {};
+}
+
+struct TableCase {
+    const char* name;
+    QByteArray rtf;
+    const char* table;
+    const char* text;  // the whole document as plain text
+};
+
+class RtfTables : public ::testing::TestWithParam<TableCase> {};
+
+TEST_P(RtfTables, CellsLandInTheirPlace) {
+    QTextDocument document;
+    readRtf(GetParam().rtf, document);
+    EXPECT_EQ(firstTable(document), QString::fromUtf8(GetParam().table));
+    EXPECT_EQ(document.toPlainText(), QString::fromUtf8(GetParam().text));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rtf, RtfTables,
+    ::testing::Values(
+        TableCase{"wordShape",
+                  "{\\rtf1 before\\par\\trowd\\cellx1000\\cellx2000\\pard\\intbl a\\cell b\\cell\\row"
+                  "\\trowd\\cellx1000\\cellx2000\\pard\\intbl c\\cell\\cell\\row\\pard after\\par}",
+                  "a|b\nc|", "before\na\nb\nc\n\nafter"},
+        TableCase{"paragraphsInACell", "{\\rtf1\\trowd\\cellx900{\\pard\\intbl x\\par}{\\pard\\intbl y\\par}\\cell\\row}",
+                  "x\u2029y", "\nx\ny\n"},
+        TableCase{"moreCellsThanDefined", "{\\rtf1\\trowd\\cellx900\\intbl a\\cell b\\cell\\row}", "a|b", "\na\nb\n"},
+        TableCase{"cellOutsideTable", "{\\rtf1 a\\cell b}", "", "a\tb"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
 // RTF written by another program (pandoc), kept as a file.
 TEST(RtfFixtures, ReadBackAsWritten) {
     QTextDocument document;
@@ -139,9 +190,12 @@ TEST(RtfFixtures, ReadBackAsWritten) {
     EXPECT_TRUE(marked.contains(QLatin1String("<a http://keralataxes.gov.in><u>Commercial Taxes Department</u></a>")));
 
     readRtf(fixture("schedule_of_rates.rtf"), document);
-    const QString schedule = document.toPlainText();
-    for (const char* cell : {"Schedule of rates", "Drugs and medicines", "12.5", "Goods not named in any schedule"})
-        EXPECT_TRUE(schedule.contains(QLatin1String(cell))) << cell;
+    EXPECT_EQ(firstTable(document), QLatin1String("Sl No|Goods|Rate %\n1|Rice and wheat|0\n2|Gold ornaments|1\n"
+                                                  "3|Drugs and medicines|4\n4|Cement|12.5"));
+    EXPECT_TRUE(document.toPlainText().startsWith(QLatin1String("Schedule of rates\n")));
+    EXPECT_TRUE(document.toPlainText().endsWith(
+        QLatin1String("Goods not named in any schedule bear tax at 12.5 percent.\nNote: rates change by notification;"
+                      " always check the latest one.")));
 }
 
 // pandoc writes fresh RTF at test time, so a change in its writer shows up here.
@@ -191,6 +245,8 @@ TEST(RtfRobustness, HostileInputEndsQuickly) {
         "{\\rtf1 \\" + QByteArray(100000, 'a') + "1234567890123456789012345 x}",
         "{\\rtf1 " + QByteArray(5000, '\\') + "}",
         QByteArray("{\\rtf1 a\0b\\'00c}", 16),
+        "{\\rtf1\\trowd" + QByteArray("\\cellx9").repeated(5000) + "\\intbl" + QByteArray("x\\cell").repeated(5000) + "}",
+        "{\\rtf1\\trowd\\cellx99\\intbl " + QByteArray("x\\cell\\row").repeated(20000) + "}",
     };
     for (const QByteArray& bytes : hostile) {
         timer.restart();
