@@ -1,0 +1,230 @@
+#include "platform/store/connection.h"
+
+#include "platform/store/database.h"
+#include "platform/store/errors.h"
+#include "platform/store/sql_functions.h"
+#include "platform/store/sql_translation.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+
+// SQLCipher declares sqlite3_key only for builds that ask for the codec.
+#define SQLITE_HAS_CODEC 1
+#include <sqlite3.h>
+
+#include <map>
+
+namespace store {
+
+namespace {
+
+// Key=value pairs split at ';' outside braces; keys in upper case.
+QHash<QString, QString> parseConnectionString(const QString& s) {
+    QHash<QString, QString> pairs;
+    QString piece;
+    int braces = 0;
+    auto take = [&] {
+        const qsizetype eq = piece.indexOf(u'=');
+        if (eq > 0) pairs.insert(piece.left(eq).trimmed().toUpper(), piece.mid(eq + 1).trimmed());
+        piece.clear();
+    };
+    for (QChar c : s) {
+        if (c == u'{') ++braces;
+        if (c == u'}' && braces > 0) --braces;
+        if (c == u';' && braces == 0) take();
+        else piece += c;
+    }
+    take();
+    return pairs;
+}
+
+detail::ConnectionData& data(const std::shared_ptr<detail::ConnectionData>& d) {
+    if (!d) throw storeError(kObjectNotSet);
+    return *d;
+}
+
+detail::Database& openDatabase(const std::shared_ptr<detail::ConnectionData>& d) {
+    detail::ConnectionData& c = data(d);
+    if (!c.database) throw storeError(kObjectClosed);
+    return *c.database;
+}
+
+void openWith(const std::shared_ptr<detail::ConnectionData>& d, const QString& connectionString, bool create) {
+    detail::ConnectionData& c = data(d);
+    if (c.database) throw storeError(kObjectOpen);
+    if (!connectionString.isEmpty()) c.connectionString = connectionString;
+    const QString path = databasePath(c.connectionString);
+    if (path.isEmpty())
+        throw providerError(QStringLiteral("Data source name not found and no default driver specified"));
+    const QString key = parseConnectionString(c.connectionString).value(QStringLiteral("PWD"));
+    c.database = detail::Database::acquire(path, key, create);
+}
+
+}  // namespace
+
+QString databasePath(const QString& connectionString) {
+    return parseConnectionString(connectionString).value(QStringLiteral("DBQ")).replace(u'\\', u'/');
+}
+
+namespace detail {
+
+static std::map<QString, std::weak_ptr<Database>>& pool() {
+    static std::map<QString, std::weak_ptr<Database>> handles;
+    return handles;
+}
+
+std::shared_ptr<Database> Database::acquire(const QString& path, const QString& key, bool create) {
+    const QFileInfo file(path);
+    if (!file.exists() && !create) throw providerError(QStringLiteral("Could not find file '%1'.").arg(path));
+    if (file.exists()) {
+        const QString poolKey = file.canonicalFilePath() + u'\n' + key;
+        if (auto shared = pool()[poolKey].lock()) return shared;
+    }
+
+    std::shared_ptr<Database> db(new Database);
+    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &db->db_, flags, nullptr) != SQLITE_OK)
+        throw databaseError(db->db_);
+    if (!key.isEmpty()) {
+        const QByteArray k = key.toUtf8();
+        sqlite3_key(db->db_, k.constData(), int(k.size()));
+    }
+    // The key is only tried by the first read: make that read now, so a wrong key fails here.
+    if (sqlite3_exec(db->db_, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw databaseError(db->db_);
+    registerSqlFunctions(db->db_);
+    sqlite3_busy_timeout(db->db_, 2000);
+
+    db->poolKey_ = QFileInfo(path).canonicalFilePath() + u'\n' + key;
+    if (auto shared = pool()[db->poolKey_].lock()) return shared;   // made by this very call's create
+    pool()[db->poolKey_] = db;
+    return db;
+}
+
+Database::~Database() {
+    if (!poolKey_.isEmpty()) {
+        auto it = pool().find(poolKey_);
+        if (it != pool().end() && it->second.expired()) pool().erase(it);
+    }
+    sqlite3_close_v2(db_);
+}
+
+long Database::execute(const QString& sql) {
+    Statement st(db_, translateSql(sql).sql);
+    while (st.step()) {
+    }
+    return sqlite3_column_count(st.get()) == 0 ? long(sqlite3_changes(db_)) : 0L;
+}
+
+Statement::Statement(sqlite3* db, const QString& sql) : db_(db) {
+    const QByteArray utf8 = sql.toUtf8();
+    const char* tail = nullptr;
+    if (sqlite3_prepare_v2(db, utf8.constData(), int(utf8.size()), &stmt_, &tail) != SQLITE_OK)
+        throw databaseError(db);
+    if (!stmt_) throw providerError(QStringLiteral("Invalid SQL statement."));
+    for (; tail && *tail; ++tail)
+        if (*tail != ';' && !QChar::isSpace(uchar(*tail))) {
+            sqlite3_finalize(stmt_);
+            stmt_ = nullptr;
+            throw providerError(QStringLiteral("Characters found after end of SQL statement."));
+        }
+}
+
+Statement::~Statement() {
+    sqlite3_finalize(stmt_);
+}
+
+bool Statement::step() {
+    const int rc = sqlite3_step(stmt_);
+    if (rc == SQLITE_ROW) return true;
+    if (rc == SQLITE_DONE) return false;
+    basic::RuntimeError e = databaseError(db_);
+    sqlite3_reset(stmt_);
+    throw e;
+}
+
+}  // namespace detail
+
+Connection::Connection() : d_(std::make_shared<detail::ConnectionData>()) {}
+
+Connection Connection::nothing() {
+    return Connection(std::shared_ptr<detail::ConnectionData>());
+}
+
+QString Connection::ConnectionString() const {
+    return data(d_).connectionString;
+}
+
+void Connection::setConnectionString(const QString& connectionString) {
+    detail::ConnectionData& c = data(d_);
+    if (c.database) throw storeError(kObjectOpen);
+    c.connectionString = connectionString;
+}
+
+void Connection::Open(const QString& connectionString) {
+    openWith(d_, connectionString, false);
+}
+
+void Connection::Create(const QString& connectionString) {
+    openWith(d_, connectionString, true);
+}
+
+void Connection::Close() {
+    detail::ConnectionData& c = data(d_);
+    if (!c.database) throw storeError(kObjectClosed);
+    c.database.reset();
+}
+
+int Connection::State() const {
+    return data(d_).database ? 1 : 0;
+}
+
+long Connection::Execute(const QString& sql) {
+    return openDatabase(d_).execute(sql);
+}
+
+// Nested levels are savepoints inside the one transaction of the shared handle.
+int Connection::BeginTrans() {
+    detail::Database& db = openDatabase(d_);
+    const int level = db.transactionDepth + 1;
+    db.execute(level == 1 ? QStringLiteral("BEGIN") : QStringLiteral("SAVEPOINT level%1").arg(level));
+    db.transactionDepth = level;
+    return level;
+}
+
+void Connection::CommitTrans() {
+    detail::Database& db = openDatabase(d_);
+    const int level = db.transactionDepth;
+    if (level == 0) throw providerError(QStringLiteral("No transaction is active."));
+    db.execute(level == 1 ? QStringLiteral("COMMIT") : QStringLiteral("RELEASE level%1").arg(level));
+    db.transactionDepth = level - 1;
+}
+
+void Connection::RollbackTrans() {
+    detail::Database& db = openDatabase(d_);
+    const int level = db.transactionDepth;
+    if (level == 0) throw providerError(QStringLiteral("No transaction is active."));
+    if (level == 1) {
+        db.execute(QStringLiteral("ROLLBACK"));
+    } else {
+        db.execute(QStringLiteral("ROLLBACK TO level%1").arg(level));
+        db.execute(QStringLiteral("RELEASE level%1").arg(level));
+    }
+    db.transactionDepth = level - 1;
+}
+
+QStringList Connection::TableNames() const {
+    detail::Database& db = openDatabase(d_);
+    detail::Statement st(db.handle(),
+                         QStringLiteral("SELECT name FROM sqlite_master WHERE type IN ('table','view') ORDER BY name"));
+    QStringList names;
+    while (st.step()) names << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st.get(), 0)));
+    return names;
+}
+
+QString Connection::FilePath() const {
+    return databasePath(data(d_).connectionString);
+}
+
+}  // namespace store

@@ -1,0 +1,48 @@
+#include "platform/store/errors.h"
+
+#include <sqlite3.h>
+
+namespace store {
+
+static const QString kSource = QStringLiteral("Vorlan store");
+
+basic::RuntimeError storeError(int number) {
+    QString text;
+    switch (number) {
+    case kNoCurrentRecord:
+        text = QStringLiteral("Either BOF or EOF is True, or the current record has been deleted. Requested "
+                              "operation requires a current record.");
+        break;
+    case kItemNotFound:
+        text = QStringLiteral("Item cannot be found in the collection corresponding to the requested name or "
+                              "ordinal.");
+        break;
+    case kObjectClosed: text = QStringLiteral("Operation is not allowed when the object is closed."); break;
+    case kObjectOpen: text = QStringLiteral("Operation is not allowed when the object is open."); break;
+    case kBadArguments:
+        text = QStringLiteral("Arguments are of the wrong type, are out of acceptable range, or are in conflict "
+                              "with one another.");
+        break;
+    case kNotUpdatable:
+        text = QStringLiteral("Current Recordset does not support updating. This may be a limitation of the "
+                              "provider, or of the selected locktype.");
+        break;
+    case kConnectionUnusable:
+        text = QStringLiteral("The connection cannot be used to perform this operation. It is either closed or "
+                              "invalid in this context.");
+        break;
+    case kObjectNotSet: text = QStringLiteral("Object variable or With block variable not set"); break;
+    default: break;
+    }
+    return basic::RuntimeError(number, text, kSource);
+}
+
+basic::RuntimeError providerError(const QString& description) {
+    return basic::RuntimeError(kProviderError, description, kSource);
+}
+
+basic::RuntimeError databaseError(sqlite3* db) {
+    return providerError(QString::fromUtf8(sqlite3_errmsg(db)));
+}
+
+}  // namespace store
