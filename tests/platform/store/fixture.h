@@ -30,7 +30,9 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(dir.isValid());
         cn.Create(connectionString());
+        cn.BeginTrans();
         for (const char* sql : kSchema) cn.Execute(QString::fromUtf8(sql));
+        cn.CommitTrans();
     }
 
     // Written as the system writes it: a folder, then a file part with a backslash.

@@ -1,0 +1,77 @@
+// Opening files by the system's connection strings, keys, the shared handle and its transactions.
+#include "fixture.h"
+
+#include <QFile>
+
+namespace {
+
+int errorNumber(const std::function<void()>& f) {
+    const basic::RuntimeError e = basic::resume(f);
+    return e.number();
+}
+
+class Connections : public StoreFixture {
+protected:
+    void SetUp() override {
+        StoreFixture::SetUp();
+        store::Connection keyed;
+        keyed.Create(connectionString(QStringLiteral("\\1309214SD02.mdb;"), QStringLiteral("Uid=admin;Pwd=lantern")));
+        keyed.Execute(QStringLiteral("CREATE TABLE Globalvatse (name TEXT COLLATE NOCASE)"));
+    }
+};
+
+TEST_F(Connections, OpenByEveryFormOfTheStringAndRefuseAnyOtherKey) {
+    const QString sd02 = QStringLiteral("\\1309214SD02.mdb;");
+    struct Case {
+        QString connectionString;
+        int error;   // 0 when it opens
+    } cases[] = {
+        {connectionString(sd02, QStringLiteral("Uid=admin;Pwd=lantern")), 0},
+        {connectionString(sd02, QStringLiteral("Uid=admin;Pwd=lantern;")), 0},
+        {QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=%1/1309214SD02.mdb;uid=;PWD=lantern")
+             .arg(dir.path()), 0},
+        {connectionString(sd02, QStringLiteral("Uid=admin;Pwd=bergamot;")), -2147467259},
+        {connectionString(sd02, QStringLiteral("Uid=admin;")), -2147467259},
+        {connectionString(QStringLiteral("\\nwForm10DB.mdb")), 0},
+        {connectionString(QStringLiteral("\\missing.mdb")), -2147467259},
+    };
+    for (const Case& c : cases) {
+        store::Connection other;
+        EXPECT_EQ(errorNumber([&] { other.Open(c.connectionString); }), c.error) << c.connectionString.toStdString();
+        EXPECT_EQ(other.State(), c.error ? 0 : 1);
+        if (other.State()) other.Close();
+    }
+    EXPECT_FALSE(QFile::exists(dir.path() + QStringLiteral("/missing.mdb")));
+}
+
+TEST_F(Connections, CatalogueListsTablesAndViews) {
+    const QStringList names = cn.TableNames();
+    for (const char* name : {"Kerala", "Keralafields", "tblPurchase1", "qActs"})
+        EXPECT_TRUE(names.contains(QString::fromUtf8(name))) << name;
+    store::Connection closed;
+    EXPECT_EQ(errorNumber([&] { closed.TableNames(); }), 3704);
+}
+
+TEST_F(Connections, ShareOneHandleSoATransactionCoversEveryConnection) {
+    store::Connection second;
+    second.Open(connectionString());
+    EXPECT_EQ(cn.BeginTrans(), 1);
+    second.Execute(QStringLiteral("DELETE * FROM  tblPurchase1"));
+    EXPECT_EQ(cn.BeginTrans(), 2);
+    EXPECT_EQ(second.Execute(QStringLiteral("INSERT INTO tblMPage2 (cCode) VALUES ('')")), 1);
+    cn.RollbackTrans();
+    EXPECT_EQ(query(QStringLiteral("SELECT Count(*) AS n FROM tblMPage2")), QStringLiteral("0"));
+    EXPECT_EQ(query(QStringLiteral("SELECT Count(*) AS n FROM tblPurchase1")), QStringLiteral("0"));
+    cn.RollbackTrans();
+    EXPECT_EQ(query(QStringLiteral("SELECT Count(*) AS n FROM tblPurchase1")), QStringLiteral("4"));
+    EXPECT_EQ(errorNumber([&] { cn.CommitTrans(); }), -2147467259);
+
+    second.BeginTrans();
+    cn.Execute(QStringLiteral("DELETE * FROM  tblRptSales"));
+    second.CommitTrans();
+    cn.Close();
+    cn.Open();
+    EXPECT_EQ(query(QStringLiteral("SELECT Count(*) AS n FROM tblRptSales")), QStringLiteral("0"));
+}
+
+}  // namespace

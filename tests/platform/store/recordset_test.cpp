@@ -1,0 +1,140 @@
+// Moving, reading, writing back, filtering and cloning record sets.
+#include "fixture.h"
+
+namespace {
+
+using store::Recordset;
+
+int errorNumber(const std::function<void()>& f) {
+    return basic::resume(f).number();
+}
+
+class Recordsets : public StoreFixture {
+protected:
+    Recordset open(const QString& sql, int lock = Recordset::adLockOptimistic) {
+        Recordset rs;
+        rs.Open(sql, cn, Recordset::adOpenStatic, lock);
+        return rs;
+    }
+};
+
+TEST_F(Recordsets, FieldTypesComeFromTheDeclaredTypeElseFromTheValue) {
+    Recordset rs = open(QStringLiteral("SELECT ID, SecDesc, fname, ChapterNo * 1.5 AS half, name & '' AS joined "
+                                       "FROM Kerala"));
+    Recordset bills = open(QStringLiteral("SELECT * FROM tblPurchase1"));
+    const std::pair<Recordset*, std::vector<int>> cases[] = {
+        {&rs, {3, 203, 205, 5, 202}},
+        {&bills, {202, 135, 202, 5, 11, 6, 202, 202}},
+    };
+    for (const auto& [set, types] : cases) {
+        ASSERT_EQ(set->FieldCount(), int(types.size()));
+        for (int i = 0; i < set->FieldCount(); ++i) EXPECT_EQ(set->Fields(i).Type(), types[size_t(i)]) << i;
+    }
+    EXPECT_EQ(bills.Fields(QStringLiteral("billdate")).Value(), basic::Variant(QDate(2008, 10, 2)));
+}
+
+TEST_F(Recordsets, MovesAndRaisesThePlatformErrors) {
+    Recordset rs = open(QStringLiteral("SELECT ID FROM Kerala ORDER BY ID"));
+    EXPECT_EQ(rs.RecordCount(), 5);
+    EXPECT_FALSE(rs.Bof());
+    rs.MoveLast();
+    rs.MoveNext();
+    EXPECT_TRUE(rs.Eof());
+    EXPECT_EQ(rs.AbsolutePosition(), Recordset::adPosEOF);
+    EXPECT_EQ(errorNumber([&] { rs.MoveNext(); }), 3021);
+    EXPECT_EQ(errorNumber([&] { rs.Fields(0).Value(); }), 3021);
+    rs.Move(-2);
+    EXPECT_EQ(rs.Fields(QStringLiteral("id")).Value(), basic::Variant(4));
+    rs.Move(-10);
+    EXPECT_TRUE(rs.Bof());
+    EXPECT_EQ(errorNumber([&] { rs.MovePrevious(); }), 3021);
+    rs.setAbsolutePosition(3);
+    EXPECT_EQ(rs.Fields(0).Value(), basic::Variant(3));
+    EXPECT_EQ(errorNumber([&] { rs.Fields(QStringLiteral("nope")); }), 3265);
+    EXPECT_EQ(errorNumber([&] { rs.Fields(1); }), 3265);
+
+    Recordset empty = open(QStringLiteral("SELECT ID FROM Kerala WHERE ID > 99"));
+    EXPECT_TRUE(empty.Bof() && empty.Eof());
+    EXPECT_EQ(errorNumber([&] { empty.MoveFirst(); }), 3021);
+    rs.Close();
+    EXPECT_EQ(errorNumber([&] { rs.MoveFirst(); }), 3704);
+    EXPECT_EQ(errorNumber([&] { rs.Open(QStringLiteral("SELECT 1")); }), 0);   // on its active connection
+    EXPECT_EQ(errorNumber([&] { rs.Open(QStringLiteral("SELECT 1")); }), 3705);
+}
+
+TEST_F(Recordsets, AddNewAndEditWriteRowsBackWithDatesAsIsoText) {
+    Recordset rs;
+    rs.Open(QStringLiteral("SELECT * FROM tblPurchase1 WHERE cCode='' AND cMonth= 'July'ORDER BY BillDate"), cn,
+            Recordset::adOpenKeyset, Recordset::adLockOptimistic);
+    for (int day : {26, 3}) {
+        rs.AddNew();
+        rs.Fields(QStringLiteral("BillDate")) = QDate(2008, 9, day);
+        rs.Fields(QStringLiteral("Amount")) = QStringLiteral("12.50");
+        rs.Fields(QStringLiteral("cMonth")) = QStringLiteral("July");
+        rs.Update();
+    }
+    EXPECT_EQ(rs.Fields(QStringLiteral("Amount")).Value(), basic::Variant(12.5));   // as the table holds it
+    rs.MoveFirst();
+    rs.Fields(QStringLiteral("Party")) = QStringLiteral("edited");
+    rs.MoveNext();   // leaving the row writes it
+    EXPECT_EQ(query(QStringLiteral("SELECT BillDate, typeof(BillDate) AS t, Party, SlNo FROM tblPurchase1 "
+                                   "WHERE cMonth='july' ORDER BY BillDate")),
+              QStringLiteral("2008-09-03|text|<Null>|<Null>;2008-09-26|text|edited|<Null>"));
+
+    Recordset readOnly = rs.Clone(Recordset::adLockReadOnly);
+    EXPECT_EQ(errorNumber([&] { readOnly.AddNew(); }), 3251);
+    Recordset joined = open(QStringLiteral("SELECT Kerala.name FROM Kerala, CAPractice"));
+    EXPECT_EQ(errorNumber([&] { joined.Fields(0) = QStringLiteral("x"); }), 3251);
+}
+
+struct FilterCase {
+    const char* filter;
+    const char* ids;   // the rows left, or "3001" for a filter that is refused
+};
+
+class Filters : public Recordsets, public ::testing::WithParamInterface<FilterCase> {};
+
+TEST_P(Filters, NarrowTheRowsInMemory) {
+    cn.Execute(QStringLiteral("CREATE TABLE f (ID INTEGER, [CIRCULAR NUMBER] TEXT, D DATETIME, Amt DOUBLE)"));
+    cn.Execute(QStringLiteral("INSERT INTO f VALUES (1,'Input Tax-12','1982-12-18',5), (2,'it''s tax','1982-12-19',12.5), "
+                              "(3,'50% rebate',NULL,-1), (4,NULL,'1982-12-17',0)"));
+    Recordset rs = open(QStringLiteral("SELECT * FROM f ORDER BY ID"));
+    const basic::RuntimeError e = basic::resume([&] { rs.setFilter(QString::fromUtf8(GetParam().filter)); });
+    if (e.number()) {
+        EXPECT_EQ(QString::number(e.number()), QString::fromUtf8(GetParam().ids));
+        EXPECT_EQ(rs.RecordCount(), 4);   // the filter before stays
+        return;
+    }
+    QStringList ids;
+    for (; !rs.Eof(); rs.MoveNext()) ids << basic::CStr(rs.Fields(0).Value());
+    EXPECT_EQ(ids.join(u','), QString::fromUtf8(GetParam().ids));
+}
+
+INSTANTIATE_TEST_SUITE_P(Store, Filters, ::testing::Values(
+    FilterCase{"Amt =12.5", "2"}, FilterCase{"Amt >0", "1,2"}, FilterCase{"Amt <>0", "1,2,3"},
+    FilterCase{"CIRCULAR NUMBER LIKE '*TAX*'", "1,2"}, FilterCase{"[CIRCULAR NUMBER] LIKE '%tax%'", "1,2"},
+    FilterCase{"CIRCULAR NUMBER LIKE '*tax*' AND CIRCULAR NUMBER LIKE '*input*'", "1"},
+    FilterCase{"CIRCULAR NUMBER LIKE 'input*'", "1"}, FilterCase{"CIRCULAR NUMBER LIKE '*it''s*'", "2"},
+    FilterCase{"CIRCULAR NUMBER LIKE '*50%*'", "3"},
+    FilterCase{"D>=#18/Dec/1982# AND D<#19/Dec/1982# ", "1"}, FilterCase{"", "1,2,3,4"},
+    FilterCase{"Nope =1", "3001"}, FilterCase{"Amt =abc", "3001"}, FilterCase{"Amt LIKE", "3001"},
+    FilterCase{"Amt =1 OR Amt =2", "3001"}));
+
+TEST_F(Recordsets, BookmarksOutliveFiltersAndClonesKeepTheirOwnFilter) {
+    Recordset rs = open(QStringLiteral("SELECT ID, name FROM Kerala ORDER BY ID"));
+    Recordset clone = rs.Clone(Recordset::adLockReadOnly);
+    rs.setAbsolutePosition(4);
+    const basic::Variant mark = rs.Bookmark();
+    rs.setFilter(QStringLiteral("name LIKE '*u*'"));
+    EXPECT_EQ(rs.RecordCount(), 1);
+    rs.setBookmark(mark);
+    EXPECT_EQ(rs.Fields(1).Value(), basic::Variant(QStringLiteral("Rule 1")));
+    EXPECT_EQ(clone.RecordCount(), 5);
+    clone.setBookmark(mark);
+    EXPECT_EQ(clone.Fields(0).Value(), basic::Variant(4));
+    rs.setFilter(0);
+    EXPECT_EQ(rs.RecordCount(), 5);
+    EXPECT_EQ(rs.Filter(), basic::Variant(0));
+}
+
+}  // namespace
