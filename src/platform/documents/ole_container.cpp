@@ -1,0 +1,55 @@
+#include "platform/documents/ole_container.h"
+
+#include "platform/documents/data_control.h"
+#include "platform/documents/full_viewer.h"
+
+#include <QMouseEvent>
+#include <QPdfView>
+#include <QTextBrowser>
+
+namespace documents {
+
+OleContainer::OleContainer(QWidget* parent) : DocumentView(parent) {
+    // The viewers take the mouse; watch their viewports so a click on the text reaches the window.
+    textBrowser()->viewport()->installEventFilter(this);
+    pdfView()->viewport()->installEventFilter(this);
+}
+
+void OleContainer::setDataSource(DataControl* source) {
+    if (source_) disconnect(source_, nullptr, this, nullptr);
+    source_ = source;
+    if (source_) connect(source_, &DataControl::refreshed, this, &OleContainer::showBound);
+    showBound();
+}
+
+void OleContainer::setDataField(const QString& fieldName) {
+    field_ = fieldName;
+    if (source_ && !field_.isEmpty()) source_->value(field_);  // raises 3265 for a column the row lacks
+    showBound();
+}
+
+void OleContainer::Refresh() { showBound(); }
+
+// Shows the bound column; with no source, no field or no such column the container stands empty.
+void OleContainer::showBound() {
+    if (!source_ || field_.isEmpty() || !source_->hasField(field_)) {
+        clear();
+        return;
+    }
+    const QByteArray bytes = source_->bytes(field_);
+    if (bytes != document()) setDocument(bytes);  // the same document keeps its scroll place
+}
+
+void OleContainer::DoVerb(int verb) {
+    if (document().isEmpty()) return;
+    if (verb == vbOLEOpen || verb >= 0) openInFull(document());
+}
+
+bool OleContainer::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+        emit Click();
+    return DocumentView::eventFilter(watched, event);
+}
+
+}  // namespace documents

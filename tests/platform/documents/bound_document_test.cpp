@@ -1,0 +1,130 @@
+// A document reaches the screen as the law library asks for it: the data control's connect string and
+// statement, its refresh, the container bound to "fname", and the open verb.
+#include "platform/basic/runtime_error.h"
+#include "platform/documents/data_control.h"
+#include "platform/documents/full_viewer.h"
+#include "platform/documents/ole_container.h"
+#include "platform/store/connection.h"
+#include "platform/store/recordset.h"
+
+#include "support/printers.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBrowser>
+
+#include <gtest/gtest.h>
+
+namespace documents {
+namespace {
+
+class BoundDocument : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        connect = QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + dir.path() +
+                  QStringLiteral("\\0909214SD01.mdb;Uid=admin;Pwd=lantern;");
+        store::Connection connection;
+        connection.Create(connect);
+        connection.Execute(QStringLiteral("CREATE TABLE Globalvat (name TEXT COLLATE NOCASE, fname LONGBINARY)"));
+        store::Recordset rows;
+        rows.Open(QStringLiteral("SELECT * FROM Globalvat"), connection, store::Recordset::adOpenKeyset,
+                  store::Recordset::adLockOptimistic);
+        const std::pair<const char*, basic::Variant> documents[] = {
+            {"default", QByteArray("{\\rtf1 Document not {\\b available}}")},
+            {"circular 12", QByteArray("<html><body>Circular No. 12/2008</body></html>")},
+            {"nothing", basic::Variant::null()},
+        };
+        for (const auto& [name, bytes] : documents) {
+            rows.AddNew();
+            rows.Fields(QStringLiteral("name")) = basic::Variant(name);
+            rows.Fields(QStringLiteral("fname")) = bytes;
+            rows.Update();
+        }
+        MSRDC1.setConnect(connect);
+        OLE1.setDataSource(&MSRDC1);
+    }
+
+    void lookUp(const char* name) {
+        MSRDC1.setSQL(QStringLiteral("select fname from Globalvat where name='%1'").arg(QLatin1String(name)));
+        MSRDC1.Refresh();
+    }
+
+    QTemporaryDir dir;
+    QString connect;
+    DataControl MSRDC1;
+    OleContainer OLE1;
+};
+
+TEST_F(BoundDocument, RowOfTheStatementShowsInTheBoundContainer) {
+    struct Case {
+        const char* name;
+        bool eof;
+        Kind kind;
+        const char* text;
+    } cases[] = {
+        {"default", false, Kind::Rtf, "Document not available"},
+        {"Circular 12", false, Kind::Html, "Circular No. 12/2008"},
+        {"nothing", false, Kind::None, ""},
+        {"no such row", true, Kind::None, ""},
+    };
+    lookUp("default");
+    OLE1.setDataField(QStringLiteral("fname"));
+    for (const Case& c : cases) {
+        lookUp(c.name);  // the binding follows each refresh
+        EXPECT_EQ(MSRDC1.Eof(), c.eof) << c.name;
+        EXPECT_EQ(OLE1.kind(), c.kind) << c.name;
+        EXPECT_EQ(OLE1.plainText(), QLatin1String(c.text)) << c.name;
+    }
+}
+
+TEST_F(BoundDocument, FailuresReachTheCaller) {
+    lookUp("default");
+    const basic::RuntimeError unknownField = basic::resume([&] { OLE1.setDataField(QStringLiteral("fnam")); });
+    EXPECT_EQ(unknownField.number(), 3265);
+    EXPECT_EQ(OLE1.kind(), Kind::None);
+
+    OLE1.setDataField(QStringLiteral("FNAME"));
+    EXPECT_EQ(OLE1.kind(), Kind::Rtf);
+    MSRDC1.setSQL(QStringLiteral("select fname from NoTable"));
+    EXPECT_NE(basic::resume([&] { MSRDC1.Refresh(); }).number(), 0);
+    EXPECT_TRUE(MSRDC1.Eof());
+    EXPECT_EQ(OLE1.kind(), Kind::Rtf) << "a failed refresh leaves the shown document";
+}
+
+TEST_F(BoundDocument, OpenVerbShowsTheDocumentInFull) {
+    lookUp("circular 12");
+    OLE1.setDataField(QStringLiteral("fname"));
+    OLE1.DoVerb(OleContainer::vbOLEOpen);
+    FullViewer* viewer = FullViewer::existing();
+    ASSERT_NE(viewer, nullptr);
+    EXPECT_TRUE(viewer->isVisible());
+    EXPECT_EQ(viewer->view()->plainText(), QLatin1String("Circular No. 12/2008"));
+    viewer->hide();
+
+    OLE1.DoVerb(OleContainer::vbOLEShow);
+    EXPECT_FALSE(viewer->isVisible());
+    OLE1.DoVerb(2);  // an object's own verb opens it too
+    EXPECT_TRUE(viewer->isVisible());
+    viewer->hide();
+
+    lookUp("nothing");
+    OLE1.DoVerb(OleContainer::vbOLEOpen);
+    EXPECT_FALSE(viewer->isVisible()) << "an empty container has nothing to open";
+}
+
+TEST_F(BoundDocument, ClickOnTheDocumentIsTheContainersClick) {
+    lookUp("default");
+    OLE1.setDataField(QStringLiteral("fname"));
+    OLE1.resize(400, 300);
+    OLE1.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&OLE1));
+    int clicks = 0;
+    QObject::connect(&OLE1, &OleContainer::Click, [&] { ++clicks; });
+    QTest::mouseClick(OLE1.textBrowser()->viewport(), Qt::LeftButton, {}, QPoint(50, 50));
+    QTest::mouseClick(OLE1.textBrowser()->viewport(), Qt::RightButton, {}, QPoint(50, 50));
+    EXPECT_EQ(clicks, 1);
+}
+
+}  // namespace
+}  // namespace documents
