@@ -95,6 +95,9 @@ std::shared_ptr<Database> Database::acquire(const QString& path, const QString& 
         throw databaseError(db->db_);
     registerSqlFunctions(db->db_);
     sqlite3_busy_timeout(db->db_, 2000);
+    // Pages are decrypted as they are read; a larger cache keeps an index table's pages decrypted between
+    // the searches of one run (memory is taken only as pages are touched).
+    sqlite3_exec(db->db_, "PRAGMA cache_size = -65536", nullptr, nullptr, nullptr);
 
     db->poolKey_ = QFileInfo(path).canonicalFilePath() + u'\n' + key;
     if (auto shared = pool()[db->poolKey_].lock()) return shared;   // made by this very call's create

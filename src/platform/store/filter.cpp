@@ -131,6 +131,7 @@ private:
         while (e > b && wild(pattern[e - 1])) --e;
         const bool trailing = e < pattern.size();
         t.pattern = pattern.mid(b, e - b).toLower();
+        t.matcher.setPattern(t.pattern);
         if (t.pattern.isEmpty() && (leading || trailing)) t.anchor = FilterTerm::Anything;
         else if (leading && trailing) t.anchor = FilterTerm::Contains;
         else if (leading) t.anchor = FilterTerm::Suffix;
@@ -176,7 +177,7 @@ bool filterMatches(const FilterTerm& t, const basic::Variant& value, const QStri
         const QString own = lowered ? QString() : basic::CStr(value).toLower();
         const QString& text = lowered ? *lowered : own;
         switch (t.anchor) {
-        case FilterTerm::Contains: return text.contains(t.pattern);
+        case FilterTerm::Contains: return t.matcher.indexIn(text) >= 0;
         case FilterTerm::Prefix: return text.startsWith(t.pattern);
         case FilterTerm::Suffix: return text.endsWith(t.pattern);
         default: return text == t.pattern;

@@ -6,6 +6,7 @@
 #include "platform/basic/variant.h"
 
 #include <QString>
+#include <QStringMatcher>
 #include <functional>
 #include <vector>
 
@@ -19,6 +20,7 @@ struct FilterTerm {
     basic::Variant value;
     QString pattern;                                             // LIKE: the text between wild cards, lower case
     Anchor anchor = Exact;
+    QStringMatcher matcher;                                      // for Contains, searched row after row
 };
 
 // Raises RuntimeError 3001 for text it cannot read or a field that columnOf does not know (-1).

@@ -29,6 +29,19 @@ struct Row {
     sqlite3_int64 rowid = 0;
 };
 
+// Lower case for the filter's copy of a text column; plain ASCII, the usual case, without table look-ups.
+inline QString lowered(const QString& s) {
+    QString out(s.size(), Qt::Uninitialized);
+    const char16_t* in = reinterpret_cast<const char16_t*>(s.constData());
+    char16_t* to = reinterpret_cast<char16_t*>(out.data());
+    for (qsizetype i = 0; i < s.size(); ++i) {
+        const char16_t c = in[i];
+        if (c >= 0x80) return s.toLower();
+        to[i] = c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c;
+    }
+    return out;
+}
+
 // The rows read at Open, shared by a record set and its clones.
 struct RowSet {
     std::shared_ptr<ConnectionData> connection;
@@ -49,7 +62,7 @@ struct RowSet {
         std::vector<QString>& cache = lowered[size_t(column)];
         for (size_t i = cache.size(); i < rows.size(); ++i) {
             const basic::Variant& v = rows[i].values[size_t(column)];
-            cache.push_back(v.type() == basic::Variant::Text ? v.text().toLower() : QString());
+            cache.push_back(v.type() == basic::Variant::Text ? detail::lowered(v.text()) : QString());
         }
         return cache;
     }
@@ -58,7 +71,7 @@ struct RowSet {
         for (size_t c = 0; c < lowered.size(); ++c) {
             if (row >= lowered[c].size()) continue;
             const basic::Variant& v = rows[row].values[c];
-            lowered[c][row] = v.type() == basic::Variant::Text ? v.text().toLower() : QString();
+            lowered[c][row] = v.type() == basic::Variant::Text ? detail::lowered(v.text()) : QString();
         }
     }
 };

@@ -3,6 +3,7 @@
 #include <QString>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <string>
 
 namespace store {
@@ -82,35 +83,97 @@ void invalidCall(sqlite3_context* ctx) {
     sqlite3_result_error(ctx, "Invalid procedure call or argument", -1);
 }
 
+// The text functions run once or twice per row of an index list, so they count characters on the UTF-8
+// bytes directly instead of making a QString of every value.
+struct Utf8 {
+    const char* p;
+    int n;
+};
+
+Utf8 utf8Of(sqlite3_value* v) {
+    const char* p = reinterpret_cast<const char*>(sqlite3_value_text(v));
+    return {p, sqlite3_value_bytes(v)};
+}
+
+bool isAscii(Utf8 s) {
+    for (int i = 0; i < s.n; ++i)
+        if (static_cast<unsigned char>(s.p[i]) >= 0x80) return false;
+    return true;
+}
+
+bool isLead(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+}
+
+int characters(Utf8 s) {
+    int count = 0;
+    for (int i = 0; i < s.n; ++i) count += isLead(s.p[i]);
+    return count;
+}
+
+// The byte offset after `count` characters, or the end.
+int byteOffset(Utf8 s, int count) {
+    int i = 0;
+    while (i < s.n && count > 0) {
+        ++i;
+        while (i < s.n && !isLead(s.p[i])) ++i;
+        --count;
+    }
+    return i;
+}
+
+void resultBytes(sqlite3_context* ctx, const char* p, int n) {
+    sqlite3_result_text(ctx, p, n, SQLITE_TRANSIENT);
+}
+
+char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? char(c + 32) : c;
+}
+
 // InStr([start,] text, sought): the 1-based place of sought from start, 0 when absent.
 void instr(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
     if (anyNull(argc, argv)) return sqlite3_result_null(ctx);
     const int start = argc == 3 ? sqlite3_value_int(argv[0]) : 1;
     if (start < 1) return invalidCall(ctx);
-    const QString text = textOf(argv[argc - 2]);
-    const QString sought = textOf(argv[argc - 1]);
-    if (start > text.size()) return sqlite3_result_int(ctx, 0);
-    if (sought.isEmpty()) return sqlite3_result_int(ctx, start);
-    sqlite3_result_int64(ctx, text.indexOf(sought, start - 1, Qt::CaseInsensitive) + 1);
+    const Utf8 text = utf8Of(argv[argc - 2]);
+    const Utf8 sought = utf8Of(argv[argc - 1]);
+    if (isAscii(text) && isAscii(sought)) {
+        if (start > text.n) return sqlite3_result_int(ctx, 0);
+        if (sought.n == 0) return sqlite3_result_int(ctx, start);
+        for (int i = start - 1; i + sought.n <= text.n; ++i) {
+            int k = 0;
+            while (k < sought.n && lower(text.p[i + k]) == lower(sought.p[k])) ++k;
+            if (k == sought.n) return sqlite3_result_int(ctx, i + 1);
+        }
+        return sqlite3_result_int(ctx, 0);
+    }
+    const QString t = QString::fromUtf8(text.p, text.n);
+    const QString s = QString::fromUtf8(sought.p, sought.n);
+    if (start > t.size()) return sqlite3_result_int(ctx, 0);
+    if (s.isEmpty()) return sqlite3_result_int(ctx, start);
+    sqlite3_result_int64(ctx, t.indexOf(s, start - 1, Qt::CaseInsensitive) + 1);
 }
 
 void len(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
     if (anyNull(argc, argv)) return sqlite3_result_null(ctx);
-    sqlite3_result_int64(ctx, textOf(argv[0]).size());
+    sqlite3_result_int(ctx, characters(utf8Of(argv[0])));
 }
 
 void left(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
     if (anyNull(argc, argv)) return sqlite3_result_null(ctx);
     const int n = sqlite3_value_int(argv[1]);
     if (n < 0) return invalidCall(ctx);
-    resultText(ctx, textOf(argv[0]).left(n));
+    const Utf8 s = utf8Of(argv[0]);
+    resultBytes(ctx, s.p, byteOffset(s, n));
 }
 
 void right(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
     if (anyNull(argc, argv)) return sqlite3_result_null(ctx);
     const int n = sqlite3_value_int(argv[1]);
     if (n < 0) return invalidCall(ctx);
-    resultText(ctx, textOf(argv[0]).right(n));
+    const Utf8 s = utf8Of(argv[0]);
+    const int from = byteOffset(s, std::max(0, characters(s) - n));
+    resultBytes(ctx, s.p + from, s.n - from);
 }
 
 void mid(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
@@ -118,7 +181,10 @@ void mid(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
     const int start = sqlite3_value_int(argv[1]);
     const int length = argc == 3 ? sqlite3_value_int(argv[2]) : -1;
     if (start < 1 || (argc == 3 && length < 0)) return invalidCall(ctx);
-    resultText(ctx, textOf(argv[0]).mid(start - 1, length));
+    const Utf8 s = utf8Of(argv[0]);
+    const int from = byteOffset(s, start - 1);
+    const Utf8 rest{s.p + from, s.n - from};
+    resultBytes(ctx, rest.p, length < 0 ? rest.n : byteOffset(rest, length));
 }
 
 }  // namespace
