@@ -67,6 +67,7 @@ struct ParaProps {
     std::array<int, 32> tabs{};                                  // tab stops, twips from the left margin
     int tabCount = 0;
     bool inTable = false;  // \intbl: the paragraph belongs to a table cell
+    bool operator==(const ParaProps&) const = default;
 };
 
 // Widest table we build; further cells of a row run on in its last cell.
@@ -406,7 +407,7 @@ private:
         if (g.para.inTable || table_) placeForTable(g.para);
         if (pendingBlock_) {
             flush();
-            cursor_.insertBlock();
+            newBlock();
             pendingBlock_ = false;
         }
         if (dirty_) {
@@ -430,7 +431,7 @@ private:
         if (top().para.inTable || table_) placeForTable(top().para);
         if (pendingBlock_) {
             flush();
-            cursor_.insertBlock();
+            newBlock();
         }
         flush();
         cursor_.setBlockFormat(blockFormat(top().para));
@@ -530,7 +531,28 @@ private:
         run_.clear();
     }
 
-    static QTextCharFormat charFormat(const CharProps& c) {
+    // A new paragraph; the block format and the character format are given, so the cursor is not asked.
+    void newBlock() { cursor_.insertBlock(blockFormat_, charFormat(runProps_)); }
+
+    // Formats are kept and handed out again: a document reuses a handful of them, and the document
+    // looks up a format it has seen faster than a new one.
+    const QTextCharFormat& charFormat(const CharProps& c) {
+        for (const auto& [props, format] : charFormats_)
+            if (props == c) return format;
+        if (charFormats_.size() >= 32) charFormats_.clear();
+        charFormats_.emplace_back(c, makeCharFormat(c));
+        return charFormats_.back().second;
+    }
+
+    const QTextBlockFormat& blockFormat(const ParaProps& p) {
+        if (!(p == blockProps_)) {
+            blockProps_ = p;
+            blockFormat_ = makeBlockFormat(p);
+        }
+        return blockFormat_;
+    }
+
+    static QTextCharFormat makeCharFormat(const CharProps& c) {
         QTextCharFormat f;
         f.setFontWeight(c.bold ? QFont::Bold : QFont::Normal);
         f.setFontItalic(c.italic);
@@ -547,7 +569,7 @@ private:
         return f;
     }
 
-    static QTextBlockFormat blockFormat(const ParaProps& p) {
+    static QTextBlockFormat makeBlockFormat(const ParaProps& p) {
         // Twips to the document's pixels at 96 dpi.
         QTextBlockFormat f;
         f.setAlignment(p.align);
@@ -590,6 +612,9 @@ private:
     CharProps runProps_;
     QString run_;
     QString fieldInstruction_;
+    std::vector<std::pair<CharProps, QTextCharFormat>> charFormats_;
+    ParaProps blockProps_;
+    QTextBlockFormat blockFormat_ = makeBlockFormat(ParaProps{});
     QTextTable* table_ = nullptr;   // the table the cursor stands in
     int row_ = 0, col_ = 0;
     bool cellEnded_ = false, rowEnded_ = false;

@@ -59,11 +59,8 @@ TEST_P(DocumentViewShows, EachKindInItsViewer) {
     EXPECT_TRUE(view.textBrowser()->isReadOnly());
 
     view.clear();  // and nothing is left of it
-    EXPECT_EQ(view.kind(), Kind::None);
-    EXPECT_EQ(view.plainText(), QString());
-    EXPECT_EQ(view.pageCount(), 0);
-    EXPECT_FALSE(view.textBrowser()->isVisible());
-    EXPECT_FALSE(view.pdfView()->isVisible());
+    EXPECT_TRUE(view.kind() == Kind::None && view.plainText().isEmpty() && view.pageCount() == 0);
+    EXPECT_FALSE(view.textBrowser()->isVisible() || view.pdfView()->isVisible());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -117,22 +114,16 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST(FullViewer, OneMaximisedWindowReusedForEachDocument) {
-    openInFull("{\\rtf1 Schedule {\\b IV}}");
+    openInFull(pdfOfPages(2));
     FullViewer* viewer = FullViewer::existing();
     ASSERT_NE(viewer, nullptr);
-    EXPECT_TRUE(viewer->isVisible());
-    EXPECT_TRUE(viewer->isWindow());
-    EXPECT_TRUE(viewer->windowState() & Qt::WindowMaximized);
-    EXPECT_EQ(viewer->view()->plainText(), QLatin1String("Schedule IV"));
-
+    EXPECT_TRUE(viewer->isVisible() && viewer->isWindow() && (viewer->windowState() & Qt::WindowMaximized));
+    EXPECT_EQ(viewer->view()->pageCount(), 2);
     QTest::keyClick(viewer, Qt::Key_Escape);
     EXPECT_FALSE(viewer->isVisible());
-
-    openInFull(pdfOfPages(2));
+    openInFull("{\\rtf1 Schedule {\\b IV}}");
     EXPECT_EQ(FullViewer::existing(), viewer);
-    EXPECT_TRUE(viewer->isVisible());
-    EXPECT_EQ(viewer->view()->kind(), Kind::Pdf);
-    EXPECT_EQ(viewer->view()->pageCount(), 2);
+    EXPECT_EQ(viewer->view()->plainText(), QLatin1String("Schedule IV"));
     viewer->hide();
 }
 
