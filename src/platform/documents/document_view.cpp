@@ -76,6 +76,8 @@ QString DocumentView::plainText() const {
     return text_->document()->toPlainText();
 }
 
+void DocumentView::scrollToAnchor(const QString& name) { text_->scrollToAnchor(name); }
+
 int DocumentView::pageCount() const {
     return kind_ == Kind::Pdf ? pdfDocument_->pageCount() : 0;
 }

@@ -30,6 +30,9 @@ public:
     // Pages of a PDF document; 0 for any other kind or a PDF that cannot be read.
     int pageCount() const;
 
+    // Brings the place named by an RTF bookmark or an HTML anchor into view; a link "#a10" names "a10".
+    void scrollToAnchor(const QString& name);
+
     QTextBrowser* textBrowser() const { return text_; }
     QPdfView* pdfView() const { return pdf_; }
 

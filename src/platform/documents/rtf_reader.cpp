@@ -73,7 +73,7 @@ struct ParaProps {
 // Widest table we build; further cells of a row run on in its last cell.
 constexpr int kMaxColumns = 64;
 
-enum class Dest { Text, FieldInstruction, Skip };
+enum class Dest { Text, FieldInstruction, Bookmark, Skip };
 
 struct Group {
     CharProps chr;
@@ -83,7 +83,7 @@ struct Group {
 };
 
 enum class Word {
-    Skip, Star, FieldInstruction, FieldResult, Field,
+    Skip, Star, FieldInstruction, BookmarkStart, FieldResult, Field,
     Par, Pard, Line, Tab, Cell, Row, InTable, RowDefaults, CellRight, Plain,
     Bold, Italic, Underline, UnderlineNone, Strike, FontSize, Super, Sub, NoSuperSub,
     AlignLeft, AlignCenter, AlignRight, AlignJustify, LeftIndent, RightIndent, FirstIndent, SpaceBefore,
@@ -106,13 +106,13 @@ const std::unordered_map<std::string_view, WordInfo>& words() {
                               "annotation", "themedata", "colorschememapping", "latentstyles", "datastore",
                               "xmlnstbl", "listtable", "listoverridetable", "rsidtbl", "generator", "pgdsctbl",
                               "revtbl", "filetbl", "fontemb", "fonturl", "objdata", "nonshppict", "pn",
-                              "bkmkstart", "bkmkend", "xe", "tc", "txe", "template", "userprops", "docvar",
+                              "bkmkend", "xe", "tc", "txe", "template", "userprops", "docvar",
                               "private", "shpinst", "mmathPr", "wgrffmtfilter", "pnseclvl", "atnid",
                               "atnauthor", "atrfstart", "atrfend", "comment", "author", "title", "subject",
                               "keywords", "doccomm", "operator", "company", "hlinkbase"})
             t[w] = {Word::Skip};
         const std::pair<const char*, Word> plain[] = {
-            {"fldinst", Word::FieldInstruction}, {"fldrslt", Word::FieldResult}, {"field", Word::Field},
+            {"fldinst", Word::FieldInstruction}, {"bkmkstart", Word::BookmarkStart}, {"fldrslt", Word::FieldResult}, {"field", Word::Field},
             {"par", Word::Par}, {"page", Word::Par}, {"sect", Word::Par}, {"row", Word::Row}, {"nestrow", Word::Par},
             {"pard", Word::Pard}, {"line", Word::Line}, {"tab", Word::Tab}, {"cell", Word::Cell}, {"intbl", Word::InTable}, {"trowd", Word::RowDefaults},
             {"cellx", Word::CellRight},
@@ -292,7 +292,8 @@ private:
         star_ = false;
         const auto& table = words();
         const auto found = table.find(name);
-        if (starred && (found == table.end() || found->second.word != Word::FieldInstruction)) {
+        if (starred && (found == table.end() || (found->second.word != Word::FieldInstruction &&
+                                                 found->second.word != Word::BookmarkStart))) {
             top().dest = Dest::Skip;  // an ignorable destination we do not read
             return;
         }
@@ -316,6 +317,12 @@ private:
         case Word::Field: fieldInstruction_.clear(); break;
         case Word::FieldInstruction:
             if (g.dest != Dest::Skip) g.dest = Dest::FieldInstruction;
+            break;
+        case Word::BookmarkStart:
+            if (g.dest != Dest::Skip) {
+                g.dest = Dest::Bookmark;
+                bookmark_.clear();
+            }
             break;
         case Word::FieldResult:
             if (g.dest != Dest::Skip) {
@@ -404,11 +411,26 @@ private:
             if (fieldInstruction_.size() < 4096) fieldInstruction_.append(ch);
             return;
         }
+        if (g.dest == Dest::Bookmark) {
+            if (bookmark_.size() < 256) bookmark_.append(ch);
+            return;
+        }
         if (g.para.inTable || table_) placeForTable(g.para);
         if (pendingBlock_) {
             flush();
             newBlock();
             pendingBlock_ = false;
+        }
+        if (!bookmark_.isEmpty()) {
+            // A bookmark names the character that follows it, so that a link to "#name" can be scrolled to.
+            flush();
+            QTextCharFormat named = charFormat(g.chr);
+            named.setAnchor(true);
+            named.setAnchorNames({bookmark_});
+            cursor_.insertText(QString(ch), named);
+            bookmark_.clear();
+            dirty_ = true;
+            return;
         }
         if (dirty_) {
             if (!(g.chr == runProps_)) {
@@ -612,6 +634,7 @@ private:
     CharProps runProps_;
     QString run_;
     QString fieldInstruction_;
+    QString bookmark_;  // name of a bookmark whose text has not come yet
     std::vector<std::pair<CharProps, QTextCharFormat>> charFormats_;
     ParaProps blockProps_;
     QTextBlockFormat blockFormat_ = makeBlockFormat(ParaProps{});

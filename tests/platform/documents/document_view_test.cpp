@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPdfView>
 #include <QPdfWriter>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
@@ -125,6 +126,18 @@ TEST(FullViewer, OneMaximisedWindowReusedForEachDocument) {
     EXPECT_EQ(FullViewer::existing(), viewer);
     EXPECT_EQ(viewer->view()->plainText(), QLatin1String("Schedule IV"));
     viewer->hide();
+}
+
+TEST(DocumentViewLinks, BookmarkCanBeScrolledTo) {
+    DocumentView view;
+    view.resize(400, 200);
+    view.setDocument("{\\rtf1 " + QByteArray("line\\par ").repeated(200) + "{\\*\\bkmkstart a32}Section 32}");
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    QScrollBar* bar = view.textBrowser()->verticalScrollBar();
+    ASSERT_EQ(bar->value(), 0);
+    view.scrollToAnchor(QStringLiteral("a32"));
+    EXPECT_EQ(bar->value(), bar->maximum());
 }
 
 // A numbered paragraph with a hanging indent, as word processors write lists: the text after the number's

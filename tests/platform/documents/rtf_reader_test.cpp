@@ -42,7 +42,8 @@ QString describe(const QTextDocument& document) {
                 open += QLatin1Char('<') + tag + QLatin1Char('>');
                 close.prepend(QLatin1String("</") + name + QLatin1Char('>'));
             };
-            mark(f.isAnchor(), QLatin1String("a ") + f.anchorHref(), QStringLiteral("a"));
+            mark(f.isAnchor(), QLatin1String("a ") + f.anchorHref() + f.anchorNames().join(QLatin1Char('#')),
+                 QStringLiteral("a"));
             mark(f.fontWeight() == QFont::Bold, QStringLiteral("b"), QStringLiteral("b"));
             mark(f.fontItalic(), QStringLiteral("i"), QStringLiteral("i"));
             mark(f.fontUnderline(), QStringLiteral("u"), QStringLiteral("u"));
@@ -109,6 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
         RtfCase{"bookmarkLink",
                 "{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\l \"a10\"}{\\fldrslt Sec 10}}}",
                 "<a #a10>Sec 10</a>"},
+        RtfCase{"bookmarkNamesNextCharacter", "{\\rtf1 a{\\*\\bkmkstart a10}{\\*\\bkmkend a10}Sec 10}", "a<a a10>S</a>ec 10"},
         RtfCase{"otherFieldShowsResult", "{\\rtf1{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}}", "3"},
         RtfCase{"binaryDataPassedOver", "{\\rtf1 a{\\pict\\bin3 {{{}b}", "ab"},
         RtfCase{"binaryCountBeyondEnd", "{\\rtf1 a{\\pict\\bin99999999 xy", "a"},
