@@ -1,0 +1,10 @@
+// The widget tests need a QApplication before the first test runs.
+#include <gtest/gtest.h>
+
+#include "support/qt_app.h"
+
+int main(int argc, char** argv) {
+    ensureApp();
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,122 @@
+#include "platform/forms/msgbox.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <stdexcept>
+
+#include "platform/forms/runtime_errors.h"
+#include "support/printers.h"
+
+namespace forms {
+void PrintTo(const RecordedBox& b, std::ostream* os) {
+    *os << "{\"" << b.text.toStdString() << "\", " << b.style << ", \"" << b.title.toStdString() << "\"}";
+}
+}  // namespace forms
+
+namespace {
+
+using forms::MsgBox;
+using forms::MsgBoxRecorder;
+using forms::RecordedBox;
+
+TEST(MsgBoxRecorder, RecordsBoxesAndAnswersFromItsQueueInOrder) {
+    MsgBoxRecorder recorder{forms::vbNo, forms::vbYes};
+    EXPECT_EQ(MsgBox("Are  you Sure?", forms::vbYesNo, "Exit Windows"), forms::vbNo);
+    EXPECT_EQ(MsgBox("again", forms::vbYesNo + forms::vbQuestion), forms::vbYes);
+    // The queue is spent: the first button answers.
+    EXPECT_EQ(MsgBox("You  Cancelled  Shut Down", forms::vbExclamation, " Sorry....."), forms::vbOK);
+    EXPECT_EQ(recorder.boxes(), (std::vector<RecordedBox>{{"Are  you Sure?", 4, "Exit Windows"},
+                                                          {"again", 36, "Vorlan"},
+                                                          {"You  Cancelled  Shut Down", 48, " Sorry....."}}));
+}
+
+TEST(MsgBoxRecorder, InnerRecorderTakesTheBoxesUntilItEnds) {
+    MsgBoxRecorder outer;
+    {
+        MsgBoxRecorder inner{forms::vbCancel};
+        EXPECT_EQ(MsgBox("inner", forms::vbOKCancel), forms::vbCancel);
+        EXPECT_EQ(inner.boxes().size(), 1u);
+    }
+    MsgBox("outer");
+    ASSERT_EQ(outer.boxes().size(), 1u);
+    EXPECT_EQ(outer.boxes()[0].text, QStringLiteral("outer"));
+}
+
+TEST(MsgBox, FirstButtonAnswerOfEachButtonSet) {
+    const std::vector<std::pair<int, int>> cases{
+        {forms::vbOKOnly + forms::vbInformation, forms::vbOK}, {forms::vbOKCancel, forms::vbOK},
+        {forms::vbAbortRetryIgnore, forms::vbAbort},           {forms::vbYesNoCancel, forms::vbYes},
+        {forms::vbYesNo + forms::vbCritical, forms::vbYes},    {forms::vbRetryCancel, forms::vbRetry},
+        {forms::vbYesNo + forms::vbDefaultButton2, forms::vbYes}};
+    for (const auto& [style, answer] : cases) EXPECT_EQ(forms::firstButtonAnswer(style), answer) << style;
+}
+
+TEST(MsgBox, RealBoxAnswersTheButtonPressed) {
+    // Presses No on the box shown, once the event loop runs inside it.
+    QTimer::singleShot(0, [] {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (auto* box = qobject_cast<QMessageBox*>(w)) box->button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(MsgBox("Are  you Sure?", forms::vbYesNo, "Exit Windows"), forms::vbNo);
+}
+
+TEST(RuntimeErrorBox, ShowsNumberAndDescriptionInAStopBox) {
+    MsgBoxRecorder recorder;
+    forms::reportRuntimeError(basic::RuntimeError(3021, "Either BOF or EOF is True, or the current record has been deleted."));
+    EXPECT_EQ(recorder.boxes(),
+              (std::vector<RecordedBox>{
+                  {"Run-time error '3021':\n\nEither BOF or EOF is True, or the current record has been deleted.", 16,
+                   "Vorlan"}}));
+}
+
+struct GuardCase {
+    const char* name;
+    std::function<void()> handler;
+    QString box;  // empty: no box
+};
+
+class GuardTest : public testing::TestWithParam<GuardCase> {};
+
+TEST_P(GuardTest, EscapingErrorsBecomeTheRunTimeErrorBox) {
+    MsgBoxRecorder recorder;
+    forms::guard(GetParam().handler);
+    if (GetParam().box.isEmpty()) {
+        EXPECT_TRUE(recorder.boxes().empty());
+    } else {
+        ASSERT_EQ(recorder.boxes().size(), 1u);
+        EXPECT_EQ(recorder.boxes()[0], (RecordedBox{GetParam().box, 16, "Vorlan"}));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Handlers, GuardTest,
+    testing::Values(GuardCase{"Quiet", [] {}, ""},
+                    GuardCase{"RuntimeError", [] { throw basic::typeMismatch(); },
+                              "Run-time error '13':\n\nType mismatch"},
+                    GuardCase{"StdException", [] { throw std::runtime_error("disk full"); },
+                              "Run-time error '5':\n\ndisk full"},
+                    GuardCase{"AnythingElse", [] { throw 42; }, "Run-time error '51':\n\nInternal error"}),
+    [](const testing::TestParamInfo<GuardCase>& info) { return std::string(info.param.name); });
+
+TEST(Wire, HandlerErrorStopsAtTheBoxAndTheSignalKeepsWorking) {
+    MsgBoxRecorder recorder;
+    QObject source;
+    QStringList seen;
+    int plainRuns = 0;
+    forms::wire(&source, &QObject::objectNameChanged, &source, [&](const QString& name) {
+        seen << name;
+        throw basic::RuntimeError(94, "Invalid use of Null");
+    });
+    forms::wire(&source, &QObject::objectNameChanged, &source, [&] { ++plainRuns; });
+    source.setObjectName("Tvw");
+    source.setObjectName("tvw2");
+    EXPECT_EQ(seen, (QStringList{"Tvw", "tvw2"}));
+    EXPECT_EQ(plainRuns, 2);
+    EXPECT_EQ(recorder.boxes().size(), 2u);
+}
+
+}  // namespace

@@ -1,0 +1,79 @@
+#include "platform/forms/window_registry.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QPointer>
+
+namespace {
+
+class frmTest : public QWidget {};
+
+class WindowRegistry : public testing::Test {
+protected:
+    void SetUp() override {
+        forms::reset();
+        forms::define("frmTest", [this] {
+            ++made;
+            return new frmTest;
+        });
+        forms::define("label", [] { return new QLabel; });
+    }
+    void TearDown() override { forms::reset(); }
+    int made = 0;
+};
+
+TEST_F(WindowRegistry, OneInstanceMadeOnFirstTouch) {
+    EXPECT_FALSE(forms::exists("frmTest"));
+    EXPECT_EQ(made, 0);
+    frmTest* first = forms::get<frmTest>("frmTest");
+    EXPECT_TRUE(forms::exists("frmTest"));
+    first->hide();
+    EXPECT_EQ(forms::get("frmTest"), first);
+    EXPECT_EQ(made, 1);
+}
+
+TEST_F(WindowRegistry, ResetDestroysEveryInstanceAndTheNextTouchMakesANewOne) {
+    QPointer<QWidget> first = forms::get("frmTest");
+    QPointer<QWidget> label = forms::get("label");
+    forms::reset();
+    EXPECT_TRUE(first.isNull());
+    EXPECT_TRUE(label.isNull());
+    EXPECT_FALSE(forms::exists("frmTest"));
+    forms::get("frmTest");
+    EXPECT_EQ(made, 2);
+}
+
+TEST_F(WindowRegistry, ResetSurvivesAWindowThatAnotherTookOver) {
+    QPointer<QWidget> owned = forms::get("frmTest");
+    forms::define("frmOwner", [] {
+        auto* owner = new QWidget;
+        forms::get("frmTest")->setParent(owner);
+        return owner;
+    });
+    forms::get("frmOwner");
+    forms::reset();   // the owner goes first and takes frmTest with it; frmTest is not deleted twice
+    EXPECT_TRUE(owned.isNull());
+    EXPECT_FALSE(forms::exists("frmOwner"));
+}
+
+TEST_F(WindowRegistry, WrongNameOrClassRaisesRunTimeErrors) {
+    const std::vector<std::pair<std::function<void()>, int>> cases{
+        {[] { forms::get("frmMissing"); }, 5},
+        {[] { forms::get<frmTest>("label"); }, 13},
+        {[] {
+             forms::define("selfish", [] { return forms::get("selfish"); });
+             forms::get("selfish");
+         },
+         5}};
+    for (const auto& [touch, number] : cases) {
+        try {
+            touch();
+            ADD_FAILURE() << "no error raised, expected " << number;
+        } catch (const basic::RuntimeError& e) {
+            EXPECT_EQ(e.number(), number);
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,79 @@
+#include "platform/forms/toolbar.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QToolButton>
+
+#include "platform/forms/runtime_errors.h"
+#include "support/printers.h"
+
+namespace {
+
+class ToolbarClicks : public testing::Test {
+protected:
+    void SetUp() override {
+        toolbar.Buttons.Add("Act", "Act").setToolTipText("Act");
+        auto rules = toolbar.Buttons.Add("rul", "Rules");
+        rules.ButtonMenus().Add("CP", "Cash Payment");
+        rules.ButtonMenus().Add("BP", "Bank Payment");
+        toolbar.Buttons.Add("bac", "Back").setToolTipText("Back to Main Menu");
+        forms::wire(&toolbar, &forms::Toolbar::ButtonClick, &toolbar, [this](const QString& key) { events << key; });
+        forms::wire(&toolbar, &forms::Toolbar::ButtonMenuClick, &toolbar,
+                    [this](const QString& button, const QString& entry) { events << button + "/" + entry; });
+        toolbar.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&toolbar));
+    }
+    void click(const QString& key) {
+        QWidget* button = toolbar.widgetForAction(toolbar.Buttons(key).action());
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(5, button->height() / 2));
+    }
+
+    forms::Toolbar toolbar;
+    QStringList events;
+};
+
+TEST_F(ToolbarClicks, PressGivesTheButtonsKey) {
+    click("bac");
+    click("Act");
+    click("rul");   // the button part of a drop-down button
+    EXPECT_EQ(events, (QStringList{"bac", "Act", "rul"}));
+}
+
+TEST_F(ToolbarClicks, DisabledOrHiddenButtonGivesNothing) {
+    toolbar.Buttons("Act").setEnabled(false);
+    click("Act");
+    toolbar.Buttons("bac").setVisible(false);
+    QApplication::processEvents();
+    EXPECT_FALSE(toolbar.widgetForAction(toolbar.Buttons("bac").action())->isVisible());
+    EXPECT_TRUE(events.isEmpty());
+}
+
+TEST_F(ToolbarClicks, DropDownEntryGivesButtonAndEntryKeys) {
+    auto menus = toolbar.Buttons("rul").ButtonMenus();
+    EXPECT_EQ(menus.Count(), 2);
+    EXPECT_EQ(menus("BP")->text(), QStringLiteral("Bank Payment"));
+    menus("BP")->trigger();
+    EXPECT_EQ(events, QStringList{"rul/BP"});
+}
+
+TEST_F(ToolbarClicks, ButtonsByKeyAndIndexAndTheirErrors) {
+    EXPECT_EQ(toolbar.Buttons(3).Key(), QStringLiteral("bac"));
+    EXPECT_EQ(toolbar.Buttons("bac").ToolTipText(), QStringLiteral("Back to Main Menu"));
+    const std::vector<std::pair<std::function<void()>, int>> cases{
+        {[&] { toolbar.Buttons.Add("Act", "Act again"); }, 35602},
+        {[&] { toolbar.Buttons("print"); }, 35601},
+        {[&] { toolbar.Buttons(4); }, 35600},
+        {[&] { toolbar.Buttons("rul").ButtonMenus().Add("CP", "twice"); }, 35602}};
+    for (const auto& [touch, number] : cases) {
+        try {
+            touch();
+            ADD_FAILURE() << "no error raised, expected " << number;
+        } catch (const basic::RuntimeError& e) {
+            EXPECT_EQ(e.number(), number);
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,132 @@
+#include "platform/forms/tree_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QWindow>
+
+#include "platform/forms/runtime_errors.h"
+#include "support/printers.h"
+
+namespace {
+
+// A tree shaped like the main window's: a root, "States" under it, states under that, one more under the root.
+class TreeViewClicks : public testing::Test {
+protected:
+    void SetUp() override {
+        tree.Nodes.Add("One", "Vorlan on VAT laws", 1);
+        tree.Nodes.Add("One", forms::tvwChild, "Two", "States", 1, 2);
+        tree.Nodes.Add("Two", forms::tvwChild, "And", "Andhra Pradesh", 1, 2);
+        tree.Nodes.Add("Two", forms::tvwChild, "Ker", "Kerala", 1, 2);
+        tree.Nodes.Add("One", forms::tvwChild, "Centr", "Central Sales Tax", 1, 2);
+        tree.Nodes(1).setExpanded(true);
+        tree.Nodes(2).setExpanded(true);
+        forms::wire(&tree, &forms::TreeView::Click, &tree, [this] { events << "Click:" + tree.SelectedItem().Key(); });
+        forms::wire(&tree, &forms::TreeView::DblClick, &tree,
+                    [this] { events << "DblClick:" + tree.SelectedItem().Key(); });
+        forms::wire(&tree, &forms::TreeView::NodeClick, &tree,
+                    [this](const forms::Node& node) { events << "NodeClick:" + node.Key(); });
+        tree.resize(300, 300);
+        tree.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&tree));
+    }
+    QPoint at(const QString& key) { return tree.visualItemRect(tree.Nodes(key).item()).center(); }
+
+    forms::TreeView tree;
+    QStringList events;
+};
+
+struct ClickCase {
+    const char* name;
+    const char* key;
+    bool doubleClick;
+    QStringList events;
+};
+
+class TreeViewClickTable : public TreeViewClicks, public testing::WithParamInterface<ClickCase> {};
+
+TEST_P(TreeViewClickTable, MouseGivesTheEventsWithTheNodeSelected) {
+    const ClickCase& c = GetParam();
+    // Through the window system, so that a double click arrives as a user's does:
+    // press, release, press, double click, release.
+    QWindow* window = tree.windowHandle();
+    const QPoint pos = tree.viewport()->mapTo(&tree, at(c.key));
+    if (c.doubleClick)
+        QTest::mouseDClick(window, Qt::LeftButton, {}, pos);
+    else
+        QTest::mouseClick(window, Qt::LeftButton, {}, pos);
+    EXPECT_EQ(tree.SelectedItem().Key(), QString::fromUtf8(c.key));
+    EXPECT_EQ(events, c.events);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Mouse, TreeViewClickTable,
+    testing::Values(ClickCase{"ClickOnState", "Ker", false, {"NodeClick:Ker", "Click:Ker"}},
+                    ClickCase{"ClickOnRoot", "One", false, {"NodeClick:One", "Click:One"}},
+                    // A double click is one click and one double click: no second Click on its release.
+                    ClickCase{"DoubleClickOnState", "And", true, {"NodeClick:And", "Click:And", "DblClick:And"}},
+                    ClickCase{"DoubleClickOnLastNode", "Centr", true,
+                              {"NodeClick:Centr", "Click:Centr", "DblClick:Centr"}}),
+    [](const testing::TestParamInfo<ClickCase>& info) { return std::string(info.param.name); });
+
+TEST_F(TreeViewClicks, ClickBesideTheNodesKeepsTheSelectionAndStillClicks) {
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, at("Ker"));
+    events.clear();
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, QPoint(150, 290));
+    EXPECT_EQ(tree.SelectedItem().Key(), QStringLiteral("Ker"));
+    EXPECT_EQ(events, QStringList{"Click:Ker"});
+}
+
+TEST_F(TreeViewClicks, EnterKeyReachesKeyDownWithCode13) {
+    int code = 0;
+    forms::wire(&tree, &forms::TreeView::KeyDown, &tree, [&](int keyCode, int) { code = keyCode; });
+    QTest::keyClick(&tree, Qt::Key_Return);
+    EXPECT_EQ(code, 13);
+}
+
+TEST(TreeViewNodes, KeysAndIndicesAndTheirErrors) {
+    forms::TreeView tree;
+    tree.Nodes.Add("Oner", "Kerala value Added  Tax Circulars", 1);
+    tree.Nodes.Add("Oner", forms::tvwChild, "Twor", "Sectionwise", 1, 2);
+    EXPECT_EQ(tree.Nodes(2).Text(), QStringLiteral("Sectionwise"));
+    EXPECT_EQ(tree.Nodes("Twor").Index(), 2);
+    EXPECT_EQ(tree.Nodes("Twor").item()->parent(), tree.Nodes("Oner").item());
+
+    const std::vector<std::pair<std::function<void()>, int>> cases{
+        {[&] { tree.Nodes.Add("Oner", forms::tvwChild, "Twor", "again"); }, 35602},
+        {[&] { tree.Nodes.Add("Nope", forms::tvwChild, "cirsub", "Subjectwise"); }, 35601},
+        {[&] { tree.Nodes("cirsub"); }, 35601},
+        {[&] { tree.Nodes(3); }, 35600},
+        {[&] { tree.SelectedItem().Key(); }, 91}};   // nothing selected yet
+    for (const auto& [touch, number] : cases) {
+        try {
+            touch();
+            ADD_FAILURE() << "no error raised, expected " << number;
+        } catch (const basic::RuntimeError& e) {
+            EXPECT_EQ(e.number(), number);
+        }
+    }
+    EXPECT_EQ(tree.Nodes.Count(), 2);
+}
+
+TEST(TreeViewNodes, SelectedNodeShowsItsSelectedImage) {
+    forms::ImageList images;
+    QPixmap closed(16, 16), open(16, 16);
+    closed.fill(Qt::red);
+    open.fill(Qt::green);
+    images.Add(QIcon(closed));
+    images.Add(QIcon(open));
+    forms::TreeView tree;
+    tree.setImageList(&images);
+    tree.Nodes.Add("One", "Kerala Value Added  Tax Act", 1);
+    tree.Nodes.Add("One", forms::tvwChild, "VAT", "Sectionwise & Subjectwise", 1, 2);
+    auto colour = [](const forms::Node& node) { return node.item()->icon(0).pixmap(16, 16).toImage().pixel(8, 8); };
+    EXPECT_EQ(colour(tree.Nodes("VAT")), QColor(Qt::red).rgb());
+    tree.setSelectedItem(tree.Nodes("VAT"));
+    EXPECT_EQ(colour(tree.Nodes("VAT")), QColor(Qt::green).rgb());
+    tree.setSelectedItem(tree.Nodes("One"));   // no selected image of its own: keeps image 1
+    EXPECT_EQ(colour(tree.Nodes("One")), QColor(Qt::red).rgb());
+    EXPECT_EQ(colour(tree.Nodes("VAT")), QColor(Qt::red).rgb());
+}
+
+}  // namespace
