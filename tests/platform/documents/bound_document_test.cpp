@@ -98,14 +98,17 @@ TEST_F(BoundDocument, OpenVerbShowsTheDocumentInFull) {
     OLE1.DoVerb(OleContainer::vbOLEOpen);
     FullViewer* viewer = FullViewer::existing();
     ASSERT_NE(viewer, nullptr);
-    EXPECT_TRUE(viewer->isVisible());
+    EXPECT_TRUE(viewer->isVisible() && viewer->isWindow() && (viewer->windowState() & Qt::WindowMaximized));
     EXPECT_EQ(viewer->view()->plainText(), QLatin1String("Circular No. 12/2008"));
-    viewer->hide();
+    QTest::keyClick(viewer, Qt::Key_Escape);
 
     OLE1.DoVerb(OleContainer::vbOLEShow);
     EXPECT_FALSE(viewer->isVisible());
-    OLE1.DoVerb(2);  // an object's own verb opens it too
+    lookUp("default");
+    OLE1.DoVerb(2);  // an object's own verb opens it too, in the same viewer
     EXPECT_TRUE(viewer->isVisible());
+    EXPECT_EQ(FullViewer::existing(), viewer);
+    EXPECT_EQ(viewer->view()->plainText(), QLatin1String("Document not available"));
     viewer->hide();
 
     lookUp("nothing");

@@ -1,5 +1,4 @@
 #include "platform/documents/document_view.h"
-#include "platform/documents/full_viewer.h"
 
 #include "support/printers.h"
 
@@ -113,20 +112,6 @@ INSTANTIATE_TEST_SUITE_P(
         LinkCase{"rtf", "{\\rtf1 Section 10 is {\\field{\\*\\fldinst{HYPERLINK \\\\l \"a10\"}}{\\fldrslt here}}.}",
                  "#a10"}),
     [](const auto& info) { return std::string(info.param.name); });
-
-TEST(FullViewer, OneMaximisedWindowReusedForEachDocument) {
-    openInFull(pdfOfPages(2));
-    FullViewer* viewer = FullViewer::existing();
-    ASSERT_NE(viewer, nullptr);
-    EXPECT_TRUE(viewer->isVisible() && viewer->isWindow() && (viewer->windowState() & Qt::WindowMaximized));
-    EXPECT_EQ(viewer->view()->pageCount(), 2);
-    QTest::keyClick(viewer, Qt::Key_Escape);
-    EXPECT_FALSE(viewer->isVisible());
-    openInFull("{\\rtf1 Schedule {\\b IV}}");
-    EXPECT_EQ(FullViewer::existing(), viewer);
-    EXPECT_EQ(viewer->view()->plainText(), QLatin1String("Schedule IV"));
-    viewer->hide();
-}
 
 TEST(DocumentViewLinks, BookmarkCanBeScrolledTo) {
     DocumentView view;
