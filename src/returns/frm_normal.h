@@ -1,0 +1,134 @@
+#pragma once
+// frmNormal, "Form No. 52": the monthly return window. Purchases are keyed into fg1 and sales into fg2,
+// each through its floating cell editor (txtGrid1, txtGrid2); under each grid the labels show what the
+// bills come to per rate of tax, and the text box beside them the grand total.
+// The handlers come in twins, purchase side first; where the twins differ the code says so.
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QGroupBox>
+#include <QWidget>
+#include <cstdint>
+
+namespace forms {
+class FlexGrid;
+class ListBox;
+}
+
+namespace returns {
+
+class frmNormal : public QWidget {
+    Q_OBJECT
+public:
+    explicit frmNormal(QWidget* parent = nullptr);
+
+    // ---- controls -----------------------------------------------------------------------------------
+    forms::ListBox* List4 = nullptr;
+    QLabel* Label3 = nullptr;
+    QLabel* Label4 = nullptr;
+    QLabel* lblCustomerName = nullptr;
+    QLabel* Label46 = nullptr;
+    QLineEdit* txtPlace = nullptr;
+    QLabel* Label47 = nullptr;
+    QLineEdit* txtDate = nullptr;
+    QLabel* Label2 = nullptr;
+    QLineEdit* txtRPTo = nullptr;
+    forms::FlexGrid* fg1 = nullptr;
+    QLineEdit* txtGrid1 = nullptr;
+    forms::ListBox* List2 = nullptr;
+    QLineEdit* txtTotal = nullptr;
+    QPushButton* cmdPrint1 = nullptr;
+    QLabel* Label1 = nullptr;
+    QLineEdit* txtMonth = nullptr;
+    forms::FlexGrid* fg2 = nullptr;
+    QLineEdit* txtGrid2 = nullptr;
+    forms::ListBox* List3 = nullptr;
+    QLineEdit* txtTotal2 = nullptr;
+    QPushButton* Command2 = nullptr;
+    QGroupBox* Frame1 = nullptr;
+    QPushButton* cmdAdd = nullptr;
+    QPushButton* cmdExport = nullptr;
+    QPushButton* cmdClose = nullptr;
+    QPushButton* cmdDelete = nullptr;
+
+    // Purchase totals: band captions, column headers, and Amount/Tax/Cess per band.
+    QLabel *Label5 = nullptr, *Label6 = nullptr, *Label7 = nullptr, *Label8 = nullptr, *Label42 = nullptr;
+    QLabel *Label60 = nullptr, *Label9 = nullptr, *Label11 = nullptr, *Label59 = nullptr;
+    QLabel *Label64 = nullptr, *Label41 = nullptr, *Label40 = nullptr, *Label63 = nullptr;
+    QLabel *Label12 = nullptr, *Label13 = nullptr, *Label14 = nullptr, *Label15 = nullptr, *Label10 = nullptr;
+    QLabel *Label16 = nullptr, *Label17 = nullptr, *Label18 = nullptr, *Label19 = nullptr, *Label34 = nullptr;
+    QLabel *Label58 = nullptr, *Label57 = nullptr, *Label56 = nullptr, *Label62 = nullptr, *Label61 = nullptr;
+
+    // Sales totals, likewise, with the CST band.
+    QLabel *Label33 = nullptr, *Label32 = nullptr, *Label31 = nullptr, *Label30 = nullptr, *Label43 = nullptr,
+           *Label37 = nullptr;
+    QLabel *Label65 = nullptr, *Label29 = nullptr, *Label28 = nullptr, *Label51 = nullptr;
+    QLabel *Label66 = nullptr, *Label39 = nullptr, *Label38 = nullptr, *Label55 = nullptr;
+    QLabel *Label23 = nullptr, *Label22 = nullptr, *Label21 = nullptr, *Label20 = nullptr, *Label35 = nullptr,
+           *Label45 = nullptr;
+    QLabel *Label27 = nullptr, *Label26 = nullptr, *Label25 = nullptr, *Label24 = nullptr, *Label36 = nullptr,
+           *Label44 = nullptr;
+    QLabel *Label50 = nullptr, *Label49 = nullptr, *Label48 = nullptr, *Label54 = nullptr, *Label53 = nullptr,
+           *Label52 = nullptr;
+
+    // ---- grid set-up and the cursor's walk ----------------------------------------------------------
+    void procSetGrid();
+    void procSetGrid2();
+    void procMoveTextBox();
+    void procMoveTextBox2();
+    void procMoveColumn1(forms::FlexGrid* grid);
+    void procNewGridCreateRow(forms::FlexGrid* grid);
+    void procGridCreateRow();
+    void procGridCreateRow2();
+    void procCreateGridRow();
+    void fnDeleteRow(std::int16_t& row);
+    void fnDeleteRow2(std::int16_t row);
+    void procClear1();
+
+    void fg1_EnterCell();
+    void fg1_LeaveCell();
+    void fg2_EnterCell();
+    void fg2_LeaveCell();
+
+    // Key codes as the old platform numbered them: KeyPress gets character codes (13 Enter, 25 Ctrl+Y,
+    // 4 Ctrl+D), KeyDown key codes (33 Page Up ... 40 Down).
+    void txtGrid1_KeyPress(int KeyAscii);
+    void txtGrid1_KeyDown(int KeyCode, int Shift);
+    void txtGrid1_GotFocus();
+    void txtGrid2_KeyPress(int KeyAscii);
+    void txtGrid2_KeyDown(int KeyCode, int Shift);
+    void txtGrid2_GotFocus();
+    void List2_KeyPress(int KeyAscii);
+    void List3_KeyPress(int KeyAscii);
+
+    // ---- rate-wise totals ---------------------------------------------------------------------------
+    void procTotalCal1();
+    void procTotalCal2();
+
+    // Kept with no caller: they would overwrite Amount with Bill No times Rate, and edit cells outside
+    // the walk. A bill's tax is typed, never derived.
+    void procTotalCal();
+    void procGridEdit(forms::FlexGrid* grid, QLineEdit* box, int KeyAscii);
+    void procMoveColumn();
+
+    // The three fillings of the purchase rate list, padding and all, and the one of the sales list.
+    enum class RateList { AtLoad, LocalPurchase, InterStatePurchase };
+    void fillList2(RateList filling);
+    void fillList3();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildTotals();
+    void setGrid(forms::FlexGrid* grid);
+    void moveTextBox(forms::FlexGrid* grid, QLineEdit* box);
+    void enterCell(forms::FlexGrid* grid, QLineEdit* box, forms::ListBox* list);
+    void leaveCell(forms::FlexGrid* grid, QLineEdit* box);
+    void keyDown(forms::FlexGrid* grid, QLineEdit* box, int KeyCode);
+    bool editorKey(QLineEdit* box, QKeyEvent* key);
+    void openRateList(forms::FlexGrid* grid, forms::ListBox* list);
+    void deleteRow(forms::FlexGrid* grid, QLineEdit* box, int row);
+};
+
+}  // namespace returns

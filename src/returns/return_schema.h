@@ -1,0 +1,31 @@
+#pragma once
+// The tables of nwForm10DB.mdb: bills, their report copies, the month's summary, the staging tables of
+// the registers and the return pages. The file holds no definitions of its own, so they are made here:
+// text compares without regard to case, amounts are doubles, BillDate of the bill tables is a date, the
+// page boxes are text (they hold "CST"), and no key is unique (a page may hold several rows of one key).
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+namespace returns {
+
+struct ReturnColumn {
+    QString name;
+    QString type;          // INTEGER, DOUBLE, DATETIME or TEXT
+};
+
+struct ReturnTable {
+    QString name;
+    std::vector<ReturnColumn> columns;
+};
+
+const std::vector<ReturnTable>& ReturnSchema();
+
+// "CREATE TABLE ..." for each table of ReturnSchema(), in its order.
+QStringList ReturnSchemaSql();
+
+// In `folder`: nwForm10DB.mdb with every table when it is missing, and the empty Form10Data.mdb and
+// TAXDATA.mdb that backup and restore copy. Files that exist are left as they are.
+void CreateReturnStores(const QString& folder);
+
+}  // namespace returns
