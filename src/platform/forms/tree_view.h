@@ -77,7 +77,8 @@ public:
     const ImageList* imageList() const { return images_; }
     QString ToolTipText() const { return toolTip(); }
     void setToolTipText(const QString& text) { setToolTip(text); }
-    bool Visible() const { return !isHidden(); }   // the control's own setting, not its parent's
+    // The control's own setting: true for a shown control on a window not yet shown.
+    bool Visible() const { return parentWidget() ? isVisibleTo(parentWidget()) : isVisible(); }
     void Refresh();
 
 signals:
