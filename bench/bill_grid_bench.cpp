@@ -33,7 +33,7 @@ returns::frmNormal& windowWithBills() {
         }
         w.show();
         w.activateWindow();
-        QTest::qWaitForWindowActive(&w);
+        if (!QTest::qWaitForWindowActive(&w)) qFatal("the window did not become active");
         w.fg1->setRow(kBills / 2);
         w.fg1->setCol(6);
         filled = true;
