@@ -97,7 +97,7 @@ const std::array<GridColumn, 10> kColumns = {{
     {"Party", 3450, 4},
     {"TIN", 1600, 4},
     {"Bill  No", 1100, 4},
-    {"Rate of \r\nTax %", 800, 4},
+    {"Rate of \nTax %", 800, 4},
     {"Amount", 1500, 6},
     {"Tax", 1500, 6},
     {"Cess", 1500, 6},
@@ -112,7 +112,7 @@ const QString kDateLine2Purchase = QStringLiteral("Please follow  'DD-MM-YY '");
 const QString kDateLine2Sales = QStringLiteral("Please follow    'DD-MM-YY ' ");
 
 QString dateMessage(const QString& secondLine) {
-    return kDateLine1 + QStringLiteral("\r\n") + secondLine + QStringLiteral("\r\n") + kDateLine3;
+    return kDateLine1 + QStringLiteral("\n") + secondLine + QStringLiteral("\n") + kDateLine3;
 }
 
 struct Band {
@@ -618,7 +618,8 @@ bool frmNormal::eventFilter(QObject* watched, QEvent* event) {
     if (watched == txtGrid1 || watched == txtGrid2) {
         auto* box = static_cast<QLineEdit*>(watched);
         if (event->type() == QEvent::KeyPress) return editorKey(box, static_cast<QKeyEvent*>(event));
-        if (event->type() == QEvent::FocusIn) forms::guard([&] { SelectAllOnFocus(box); });
+        if (event->type() == QEvent::FocusIn)
+            forms::guard([&] { box == txtGrid1 ? txtGrid1_GotFocus() : txtGrid2_GotFocus(); });
     } else if ((watched == List2 || watched == List3) && event->type() == QEvent::KeyPress) {
         const int ascii = keyAsciiOf(static_cast<QKeyEvent*>(event));
         if (ascii == 13) {

@@ -114,8 +114,8 @@ TEST_F(BillEntry, DateColumnTakesOnlyTheDashShapeOnEnter) {
         {"26-09-08", true}, {"01-01-2009", true}, {"ab-cd-ef", true},
         {"1-1-2009", false}, {"01/01/09", false}, {"", false},
     };
-    const QString purchase = "Date Format is not Valid \r\nPlease follow  'DD-MM-YY '\r\neg:  ' 26-09-08 ' ";
-    const QString sales = "Date Format is not Valid \r\nPlease follow    'DD-MM-YY ' \r\neg:  ' 26-09-08 ' ";
+    const QString purchase = "Date Format is not Valid \nPlease follow  'DD-MM-YY '\neg:  ' 26-09-08 ' ";
+    const QString sales = "Date Format is not Valid \nPlease follow    'DD-MM-YY ' \neg:  ' 26-09-08 ' ";
     for (const bool salesSide : {false, true}) {
         forms::FlexGrid* g = salesSide ? w->fg2 : w->fg1;
         QLineEdit* editor = salesSide ? w->txtGrid2 : w->txtGrid1;
@@ -166,7 +166,7 @@ TEST_F(BillEntry, CtrlYTakesTheRowOutAndRenumbersButKeepsTheLastRow) {
     }
     EXPECT_EQ(w->fg1->Rows(), 2);
     EXPECT_EQ(row(w->fg1, 1), (QStringList{"1", "", "", "", "", "", "", "", "", ""}));
-    EXPECT_EQ(w->fg1->TextMatrix(0, 5), "Rate of \r\nTax %");
+    EXPECT_EQ(w->fg1->TextMatrix(0, 5), "Rate of \nTax %");
     EXPECT_EQ(w->txtTotal->text(), "0.00");
 }
 
