@@ -216,6 +216,12 @@ TEST_F(BillEntry, ArrowsStopAtTheEdgesAndNeverGrowTheGrid) {
     QTest::keyClick(w->txtGrid1, Qt::Key_Left);
     EXPECT_EQ(w->fg1->Col(), 2);
     EXPECT_EQ(w->txtGrid1->cursorPosition(), 0);
+
+    // Column 9's lock stays on when the mouse goes from there straight to the rate column.
+    w->fg1->setCol(9);
+    QTest::mouseClick(w->fg1->viewport(), Qt::LeftButton, {}, QPoint(forms::twips(7900 + 100), forms::twips(400 + 150)));
+    ASSERT_EQ(w->fg1->Col(), 5);
+    EXPECT_TRUE(w->txtGrid1->isReadOnly());
 }
 
 TEST_F(BillEntry, AmountsAreStoredLenientlyAndTheTotalFollows) {
