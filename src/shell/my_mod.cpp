@@ -61,7 +61,7 @@ void InitLibraryStore() {
     cnLibrary3.setConnectionString(strLibraryCn3);
     cnLibrary3.Open();
 
-    DocumentRoot = folder;
+    DocumentRoot = folder + QStringLiteral("/");  // the viewers join their paths straight on
 
     tablesLibrary1 = readCatalogue(cnLibrary1);
     tablesLibrary2 = readCatalogue(cnLibrary2);

@@ -22,4 +22,9 @@ void SetAppPath(const QString& folder) {
     appPath() = f;
 }
 
+QString NativePath(const QString& systemPath) {
+    QString p = systemPath;
+    return p.replace(u'\\', u'/');
+}
+
 }  // namespace basic

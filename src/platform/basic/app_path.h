@@ -8,4 +8,7 @@ namespace basic {
 QString AppPath();
 void SetAppPath(const QString& folder);  // the program at start, and tests with their own folder
 
+// A path as the system writes it, with "\\" between folders, in the machine's own form.
+QString NativePath(const QString& systemPath);
+
 }  // namespace basic

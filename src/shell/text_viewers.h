@@ -1,0 +1,91 @@
+#pragma once
+// The small maximised windows that each show one fixed text document, with a Print and a Back picture.
+#include "platform/documents/rich_text_box.h"
+
+#include <QLabel>
+#include <QWidget>
+#include <functional>
+
+class QPrinter;
+
+namespace shell {
+
+class TextViewer : public QWidget {
+    Q_OBJECT
+public:
+    documents::RichTextBox* RichTextBox1;
+    QLabel* Picture1;  // "Print"
+    QLabel* Picture4;  // "Back"
+
+    void Form_Resize();
+    virtual void Picture1_Click();
+    virtual void Picture4_Click();
+
+    // Where a print goes; the real one asks through the print dialog. Tests print to a PDF file.
+    static std::function<bool(QPrinter&)> choosePrinter;
+
+protected:
+    explicit TextViewer(const QString& caption);
+    // Loads a document, leaving the box empty when it cannot be read.
+    void loadQuietly(const QString& path);
+    // Print only when a folder of the box's file name exists, as the system has it: for a file, never.
+    void printIfFolder();
+    void printNow();
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    virtual void Form_Load() {}
+    bool loaded_ = false;
+};
+
+// The window the main toolbar's documents open in.
+class help : public TextViewer {
+    Q_OBJECT
+public:
+    help();
+    void Picture1_Click() override { printIfFolder(); }
+
+public slots:
+    // 1 help, 3 acknowledgement, 5 dealers, 7 other products; any other number keeps the document.
+    void SHOW_DOCUMENT(int number);
+
+protected:
+    void Form_Load() override;
+
+private:
+    QString folder_;
+    bool firstLoaded_ = false;
+};
+
+class ack : public TextViewer {
+    Q_OBJECT
+public:
+    ack() : TextViewer(QStringLiteral("Acknowledgement")) {}
+    void Picture1_Click() override { printIfFolder(); }
+
+protected:
+    void Form_Load() override;
+};
+
+class Dealers : public TextViewer {
+    Q_OBJECT
+public:
+    Dealers() : TextViewer(QStringLiteral("Dealers")) {}
+    void Picture1_Click() override { printIfFolder(); }
+
+protected:
+    void Form_Load() override;
+};
+
+class frmca : public TextViewer {
+    Q_OBJECT
+public:
+    frmca() : TextViewer(QString()) {}
+    void Picture1_Click() override { printNow(); }
+    void Picture4_Click() override { hide(); }
+
+protected:
+    void Form_Load() override;
+};
+
+}  // namespace shell

@@ -1,0 +1,91 @@
+// The document windows of the main toolbar: which document each number shows, print, back, resize.
+#include "library_fixture.h"
+
+#include "platform/forms/msgbox.h"
+#include "platform/forms/twips.h"
+#include "platform/forms/window_registry.h"
+#include "shell/text_viewers.h"
+
+#include <QPrinter>
+#include <QProcess>
+#include <QTest>
+
+namespace {
+
+class TextViewers : public LibraryFixture {
+protected:
+    void SetUp() override {
+        LibraryFixture::SetUp();
+        for (const char* f : {"docs/HELP VAT.rtf", "docs/ACK.rtf", "docs/DEALERS.rtf", "docs/PRODUCTS.rtf",
+                              "Vorlan1/ca tools.rtf"}) {
+            QDir(dir.path()).mkpath(QFileInfo(dir.filePath(f)).path());
+            ASSERT_TRUE(QFile::copy(QStringLiteral(VORLAN_PROGRAM_DIR "/") + f, dir.filePath(f))) << f;
+        }
+        forms::define("main", [] { return new QWidget; });
+        forms::define("help", [] { return new shell::help; });
+        forms::define("frmca", [] { return new shell::frmca; });
+    }
+    void TearDown() override {
+        forms::reset();
+        LibraryFixture::TearDown();
+    }
+};
+
+}  // namespace
+
+TEST_F(TextViewers, ShowDocumentByNumberInOneWindow) {
+    auto* w = forms::get<shell::help>("help");
+    const struct { int number; const char* heading; } cases[] = {
+        {1, "Vorlan on VAT Laws: Help"}, {3, "Acknowledgement"}, {5, "Dealers"}, {7, "Other Products"},
+        {2, "Other Products"}, {1, "Vorlan on VAT Laws: Help"}, {0, "Vorlan on VAT Laws: Help"},
+    };
+    forms::MsgBoxRecorder boxes;
+    for (const auto& c : cases) {
+        w->SHOW_DOCUMENT(c.number);
+        EXPECT_TRUE(w->isVisible());
+        EXPECT_TRUE(w->RichTextBox1->plainText().startsWith(c.heading)) << c.number;
+    }
+    EXPECT_TRUE(boxes.boxes().empty());
+    QFile::remove(dir.filePath("docs/ACK.rtf"));
+    w->SHOW_DOCUMENT(3);
+    ASSERT_EQ(boxes.boxes().size(), 1u);
+    EXPECT_EQ(boxes.boxes()[0].text, "SHOW_DOCUMENT :Path/File access error");
+    EXPECT_TRUE(w->RichTextBox1->plainText().startsWith("Vorlan on VAT Laws: Help"));
+}
+
+TEST_F(TextViewers, PrintBackAndResize) {
+    int asked = 0;
+    const QString pdf = dir.filePath("print.pdf");
+    shell::TextViewer::choosePrinter = [&](QPrinter& p) {
+        ++asked;
+        p.setOutputFormat(QPrinter::PdfFormat);
+        p.setOutputFileName(pdf);
+        return true;
+    };
+    auto* h = forms::get<shell::help>("help");
+    h->SHOW_DOCUMENT(1);
+    QTest::mouseClick(h->Picture1, Qt::LeftButton);  // its file is no folder: nothing is printed
+    EXPECT_EQ(asked, 0);
+
+    auto* ca = forms::get<shell::frmca>("frmca");
+    ca->show();
+    QTest::mouseClick(ca->Picture1, Qt::LeftButton);
+    EXPECT_EQ(asked, 1);
+    QProcess text;
+    text.start("pdftotext", {pdf, "-"});
+    if (text.waitForFinished(5000)) {
+        EXPECT_TRUE(text.readAll().contains("C A Tools"));
+    }
+
+    QTest::mouseClick(h->Picture4, Qt::LeftButton);
+    EXPECT_FALSE(h->isVisible());
+    EXPECT_TRUE(forms::get("main")->isVisible());
+
+    h->setWindowState(Qt::WindowNoState);
+    h->resize(400, 300);  // narrower than the text box
+    h->Form_Resize();
+    EXPECT_EQ(h->RichTextBox1->x(), 0);
+    EXPECT_EQ(h->RichTextBox1->y(), forms::twips(540));
+    EXPECT_LE(h->Picture4->x() + h->Picture4->width(), h->width() + 1);
+    EXPECT_EQ(h->Picture1->x(), 0);
+}
