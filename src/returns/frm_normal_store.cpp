@@ -7,6 +7,7 @@
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
 
+#include <QSignalBlocker>
 #include <array>
 #include <cmath>
 
@@ -155,6 +156,9 @@ void frmNormal::readBills(BillKind kind, bool ordered) {
     bool any = false;
     ignore([&] { any = !rsLookup.Eof(); });
     if (any) {
+        // The cells' enter and leave handlers are held off while the rows are built: each would run a
+        // totals pass per row, and would rewrite the stored row total. The pass at the end gives the figures.
+        const QSignalBlocker quiet(grid);
         ignore([&] { grid->setRows(1); });
         int row = 0;
         bool more = true;
@@ -186,6 +190,7 @@ void frmNormal::readBills(BillKind kind, bool ordered) {
             ignore([&] { rsLookup.MoveNext(); });
             if (basic::resume([&] { more = !rsLookup.Eof(); }).number() != 0) more = false;
         }
+        ignore([&] { moveTextBox(grid, box); });
     }
     ignore([&] { rsLookup.Close(); });
     ignore([&] {
