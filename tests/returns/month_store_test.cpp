@@ -11,6 +11,7 @@
 #include "support/printers.h"
 #include "support/qt_app.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -122,6 +123,10 @@ TEST_F(MonthStore, AddedMonthComesBackAfterRestart) {
     EXPECT_EQ(rows(w->fg2).at(0).mid(1, 5), (QStringList{"05-03-26", "Cash", "", "S-1", "     20  "}));
     EXPECT_EQ(w->txtPlace->text(), "Kochi");
     EXPECT_EQ(w->Label14->text(), "1500.50");
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    QDir().mkpath(dir);
+    EXPECT_TRUE(w->grab().save(dir + "/frmNormal-reloaded.png"));
 
     // The summary row, read outside the program. RT12 adds the sales cess at 20 % (4.5), not the
     // purchase cess at 12.5 % (2); figures are two-decimal texts, RT* plain numbers.

@@ -14,6 +14,7 @@
 #include "support/printers.h"
 #include "support/qt_app.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -54,6 +55,10 @@ TEST_F(WindowFlows, ChooserOpensAndTakesBackTheReturnWindow) {
     select->Show();
     EXPECT_EQ(select->pos(), QPoint(forms::twips(4000), forms::twips(2500)));
     EXPECT_EQ(select->size(), QSize(forms::twips(7000), forms::twips(4000)));
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    QDir().mkpath(dir);
+    EXPECT_TRUE(select->grab().save(dir + "/frmSelect.png"));
 
     // Enter opens the return window and leaves the chooser behind it; a double click hides the chooser.
     select->Option1_KeyPress(13);
