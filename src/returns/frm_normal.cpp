@@ -250,6 +250,7 @@ frmNormal::frmNormal(QWidget* parent) : QWidget(parent) {
     fg2->setCol(1);
     procMoveTextBox();
     procMoveTextBox2();
+    buildFlows();
 }
 
 void frmNormal::buildTotals() {

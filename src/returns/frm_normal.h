@@ -9,6 +9,7 @@
 #include <QGroupBox>
 #include <QWidget>
 #include <cstdint>
+#include <functional>
 
 namespace forms {
 class FlexGrid;
@@ -116,6 +117,49 @@ public:
     void fillList2(RateList filling);
     void fillList3();
 
+    // ---- the month's bills in the store -------------------------------------------------------------
+    // A month's rows are replaced whole: the writers delete the month and add every grid row back,
+    // dropping blank rows from the grid as they go; the readers rebuild a grid in date order.
+    bool RecordExists = false;
+    bool ReturnRowExists = false;
+    void procRecExists(const QString& tableName);
+    bool fnRecordExistsNormal(const QString& tableName);
+    void procNewRecExists(const QString& tableName);
+    void procWritePurchase();
+    void procWritePurchaseInterState();
+    void procWriteSales();
+    void procReadPurchase();
+    void procReadPurchaseInterState();
+    void procReadSales_1();
+    void procReadSales();
+    // The month's one row of tblCommon, from the rate-wise labels.
+    void procWriteCommon();
+
+    // ---- the pick lists -----------------------------------------------------------------------------
+    forms::ListBox* List1 = nullptr;
+    void txtRPTo_GotFocus();
+    void txtRPTo_Change();
+    void List1_KeyDown(int KeyCode, int Shift);
+    void List1_KeyUp(int KeyCode, int Shift);
+    void List1_KeyPress(int KeyAscii);
+    void List1_DblClick();
+    void List1_LostFocus();
+    void List4_Click();
+
+    // ---- the window and its buttons -----------------------------------------------------------------
+    // Show() is the language's Show: Form_Load on first showing (and after Close), then Form_Activate.
+    void Show();
+    void Form_Load();
+    void Form_Activate();
+    void cmdAdd_Click();
+    void cmdAdd_KeyPress(int KeyAscii);
+    void cmdDelete_Click();
+    void cmdDelete_KeyPress(int KeyAscii);
+    void cmdClose_Click();
+    void cmdClose_KeyPress(int KeyAscii);
+    // Close without showing the chooser: what the chooser's Cancel does to this window.
+    void Unload();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -129,6 +173,20 @@ private:
     bool editorKey(QLineEdit* box, QKeyEvent* key);
     void openRateList(forms::FlexGrid* grid, forms::ListBox* list);
     void deleteRow(forms::FlexGrid* grid, QLineEdit* box, int row);
+
+    enum class BillKind { Local, InterState, Sales };
+    void writeBills(BillKind kind);
+    void readBills(BillKind kind, bool ordered);
+    QString monthFilter(const QString& table) const;
+    void commitMonth(bool enableList4, bool markFirstRows);
+    void addMonth(bool byEnter);
+    void deleteMonth(bool byEnter);
+    void buildFlows();
+    void tapEvents(QWidget* target, std::function<bool(QEvent*)> handler);
+    void setButtonColour(QPushButton* button, unsigned bgr);
+
+    bool loaded_ = false;
+    QString storeStep_;      // what the store work of the press was doing, for the failure box
 };
 
 }  // namespace returns

@@ -13,6 +13,13 @@ store::Recordset rsLookup = store::Recordset::nothing();
 store::Recordset rsBills = store::Recordset::nothing();
 store::Recordset rsReport = store::Recordset::nothing();
 QString SqlText;
+QString DealerCode;
+QString DealerName;
+QString DealerTIN;
+QString DealerCST;
+QString ReturnDealerCode;
+bool DirectToForm = false;
+QString ReturnYearKey;
 
 namespace {
 const QString kDriver = QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=");

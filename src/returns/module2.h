@@ -17,6 +17,16 @@ extern store::Recordset rsBills;        // writes, deletes, ClearTable
 extern store::Recordset rsReport;       // report staging
 extern QString SqlText;                 // the statement being built, by concatenation, unescaped
 
+// The dealer of the return. No window assigns them, so every record belongs to the dealer "".
+extern QString DealerCode;
+extern QString DealerName;
+extern QString DealerTIN;
+extern QString DealerCST;
+// What the "Direct To Form" option hands to its window.
+extern QString ReturnDealerCode;
+extern bool DirectToForm;
+extern QString ReturnYearKey;
+
 // A fresh connection on nwForm10DB.mdb in the program folder, and fresh recordsets; the old connection
 // is let go, not closed. The return files are made first when missing.
 void ConnectReturnStore();

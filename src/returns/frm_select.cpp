@@ -1,0 +1,197 @@
+#include "returns/frm_select.h"
+
+#include "platform/basic/clock.h"
+#include "platform/basic/variant.h"
+#include "platform/forms/runtime_errors.h"
+#include "platform/forms/twips.h"
+#include "platform/forms/window_registry.h"
+#include "returns/frm_normal.h"
+#include "returns/module2.h"
+
+#include <QApplication>
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+#include <functional>
+
+namespace returns {
+
+namespace {
+
+// Colours as the old platform numbered them, blue in the high byte.
+QColor oleColor(unsigned bgr) { return QColor(int(bgr & 0xFF), int((bgr >> 8) & 0xFF), int((bgr >> 16) & 0xFF)); }
+
+void paint(QWidget* w, unsigned back, unsigned fore) {
+    QPalette p = w->palette();
+    p.setColor(QPalette::Window, oleColor(back));
+    p.setColor(QPalette::Button, oleColor(back));
+    p.setColor(QPalette::WindowText, oleColor(fore));
+    p.setColor(QPalette::ButtonText, oleColor(fore));
+    w->setPalette(p);
+    w->setAutoFillBackground(true);
+}
+
+class EventTap : public QObject {
+public:
+    EventTap(QObject* parent, std::function<bool(QEvent*)> handler) : QObject(parent), handler_(std::move(handler)) {}
+    bool eventFilter(QObject*, QEvent* event) override {
+        bool used = false;
+        forms::guard([&] { used = handler_(event); });
+        return used;
+    }
+
+private:
+    std::function<bool(QEvent*)> handler_;
+};
+
+bool isEnter(const QEvent* e) {
+    if (e->type() != QEvent::KeyPress) return false;
+    const int k = static_cast<const QKeyEvent*>(e)->key();
+    return k == Qt::Key_Return || k == Qt::Key_Enter;
+}
+
+QPushButton* closeButton(QWidget* window) {
+    auto* b = new QPushButton(QStringLiteral("&Close"), window);
+    QObject::connect(b, &QPushButton::clicked, window, &QWidget::hide);
+    return b;
+}
+
+}  // namespace
+
+frmSelect::frmSelect(QWidget* parent) : QWidget(parent) {
+    setWindowTitle(QStringLiteral("                                    SELECT YOUR OPTION"));
+    Option1 = new QRadioButton(QStringLiteral(" &Form No. 52"), this);
+    Option2 = new QRadioButton(QStringLiteral(" &E - Filing"), this);
+    Option3 = new QRadioButton(QStringLiteral(" &Direct To Form"), this);
+    cmdClose = new QPushButton(QStringLiteral("&Cancel"), this);
+    int top = 480;
+    for (QRadioButton* option : {Option1, Option2, Option3}) {
+        option->setGeometry(forms::twips(1200), forms::twips(top), forms::twips(4200), forms::twips(495));
+        option->setToolTip(QStringLiteral("Select and Press Enter Key"));
+        paint(option, 9720116, 0x80FF80);
+        top += 720;
+        option->installEventFilter(new EventTap(this, [this, option](QEvent* e) {
+            if (e->type() == QEvent::FocusIn) paint(option, 10907686, 0xFFFF00);
+            else if (e->type() == QEvent::FocusOut) paint(option, 9720116, 0x80FF80);
+            else if (e->type() == QEvent::MouseButtonDblClick) {
+                if (option == Option1) Option1_DblClick();
+                else if (option == Option2) Option2_DblClick();
+                else Option3_DblClick();
+                return true;
+            } else if (isEnter(e)) {
+                if (option == Option1) Option1_KeyPress(13);
+                else if (option == Option2) Option2_KeyPress(13);
+                else Option3_KeyPress(13);
+                return true;
+            }
+            return false;
+        }));
+    }
+    cmdClose->setGeometry(forms::twips(2640), forms::twips(2760), forms::twips(1335), forms::twips(375));
+    cmdClose->installEventFilter(new EventTap(this, [this](QEvent* e) {
+        if (e->type() == QEvent::FocusIn) paint(cmdClose, 0xC0FFFF, 0x000000);
+        else if (e->type() == QEvent::FocusOut) paint(cmdClose, 11313734, 0x000000);
+        return false;
+    }));
+    forms::wire(cmdClose, &QPushButton::clicked, this, [this] { cmdClose_Click(); });
+}
+
+void frmSelect::Show() {
+    if (!loaded_) {
+        loaded_ = true;
+        Form_Load();
+    }
+    show();
+    activateWindow();
+    Form_Activate();
+}
+
+void frmSelect::Form_Load() {
+    move(forms::twips(4000), forms::twips(2500));
+    resize(forms::twips(7000), forms::twips(4000));
+}
+
+void frmSelect::Form_Activate() { Option1->setFocus(); }
+
+void frmSelect::choose(QRadioButton* option) {
+    if (!option->isEnabled()) return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (option == Option1) {
+        forms::get<frmNormal>(QStringLiteral("frmNormal"))->Show();
+    } else if (option == Option2) {
+        forms::get(QStringLiteral("frmEFiling"))->show();
+    } else {
+        ReturnDealerCode = DealerCode;
+        DirectToForm = true;
+        auto* target = forms::get<frmDirectToForm>(QStringLiteral("frmDirectToForm"));
+        target->txtDealerName->setText(DealerName);
+        target->txtTIN->setText(DealerTIN);
+        target->txtCST->setText(DealerCST);
+        target->txtYear->setText(basic::Format(basic::Variant(basic::Clock::today()), QStringLiteral("yyyy")));
+        ReturnYearKey = target->txtYear->text();
+        target->show();
+    }
+    QApplication::restoreOverrideCursor();
+}
+
+void frmSelect::Option1_DblClick() {
+    if (!Option1->isEnabled()) return;
+    choose(Option1);
+    hide();
+}
+
+void frmSelect::Option1_KeyPress(int KeyAscii) {
+    if (KeyAscii == 13) choose(Option1);
+}
+
+void frmSelect::Option2_DblClick() { choose(Option2); }
+
+void frmSelect::Option2_KeyPress(int KeyAscii) {
+    if (KeyAscii == 13) choose(Option2);
+}
+
+void frmSelect::Option3_DblClick() { choose(Option3); }
+
+void frmSelect::Option3_KeyPress(int KeyAscii) {
+    if (KeyAscii == 13) choose(Option3);
+}
+
+void frmSelect::cmdClose_Click() {
+    hide();
+    if (forms::exists(QStringLiteral("frmNormal"))) forms::get<frmNormal>(QStringLiteral("frmNormal"))->Unload();
+    forms::get(QStringLiteral("main"))->show();
+}
+
+frmEFiling::frmEFiling(QWidget* parent) : QWidget(parent) {
+    setWindowTitle(QStringLiteral("E - Filing"));
+    auto* layout = new QVBoxLayout(this);
+    lblPurpose = new QLabel(QStringLiteral("Here the monthly return will be prepared for filing on line. "
+                                           "This window holds nothing yet."),
+                            this);
+    lblPurpose->setWordWrap(true);
+    cmdClose = closeButton(this);
+    layout->addWidget(lblPurpose);
+    layout->addWidget(cmdClose);
+}
+
+frmDirectToForm::frmDirectToForm(QWidget* parent) : QWidget(parent) {
+    setWindowTitle(QStringLiteral("Direct To Form"));
+    auto* layout = new QFormLayout(this);
+    lblPurpose = new QLabel(QStringLiteral("Here the return pages will be filled in directly for this dealer "
+                                           "and year. This window holds nothing more yet."),
+                            this);
+    lblPurpose->setWordWrap(true);
+    txtDealerName = new QLineEdit(this);
+    txtTIN = new QLineEdit(this);
+    txtCST = new QLineEdit(this);
+    txtYear = new QLineEdit(this);
+    cmdClose = closeButton(this);
+    layout->addRow(lblPurpose);
+    layout->addRow(QStringLiteral("Dealer"), txtDealerName);
+    layout->addRow(QStringLiteral("TIN"), txtTIN);
+    layout->addRow(QStringLiteral("CST"), txtCST);
+    layout->addRow(QStringLiteral("Year"), txtYear);
+    layout->addRow(cmdClose);
+}
+
+}  // namespace returns

@@ -1,0 +1,309 @@
+// Saving a month: Add, Delete and the month list of frmNormal, with the store read back and the boxes
+// the user sees.
+#include "platform/basic/app_path.h"
+#include "platform/basic/clock.h"
+#include "platform/forms/flex_grid.h"
+#include "platform/forms/list_box.h"
+#include "platform/forms/msgbox.h"
+#include "platform/store/recordset.h"
+#include "returns/frm_normal.h"
+#include "returns/module2.h"
+#include "support/printers.h"
+#include "support/qt_app.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <memory>
+
+using forms::RecordedBox;
+using returns::frmNormal;
+
+namespace {
+
+using Bills = std::vector<QStringList>;
+
+class MonthStore : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ensureApp();
+        ASSERT_TRUE(folder.isValid());
+        basic::SetAppPath(folder.path());
+        basic::Clock::set(QDate(2026, 3, 15));
+        open();
+    }
+    void TearDown() override {
+        w.reset();
+        returns::ReleaseReturnStores();
+        returns::rsLookup = returns::rsBills = returns::rsReport = store::Recordset::nothing();
+        basic::Clock::reset();
+    }
+    // The window as the chooser opens it: loaded, shown, activated.
+    void open() {
+        w = std::make_unique<frmNormal>();
+        forms::MsgBoxRecorder quiet;
+        w->Show();
+    }
+    // Closing the program and starting it again.
+    void restart() {
+        w.reset();
+        returns::ReleaseReturnStores();
+        open();
+    }
+    static void put(forms::FlexGrid* g, const Bills& bills) {
+        g->setRows(int(bills.size()) + 1);
+        for (int r = 0; r < int(bills.size()); ++r) {
+            g->setTextMatrix(r + 1, 0, QString::number(r + 1));
+            for (int c = 0; c < 9; ++c) g->setTextMatrix(r + 1, c + 1, bills[r].value(c));
+        }
+        g->setRow(1);
+    }
+    static Bills rows(forms::FlexGrid* g) {
+        Bills out;
+        for (int r = 1; r < g->Rows(); ++r) {
+            QStringList cells;
+            for (int c = 0; c < 10; ++c) cells << g->TextMatrix(r, c);
+            out.push_back(cells);
+        }
+        return out;
+    }
+    QStringList column(const QString& sql) {
+        returns::ConnectReturnStore();
+        store::Recordset rs;
+        rs.Open(sql, returns::cnReturn);
+        QStringList out;
+        for (; !rs.Eof(); rs.MoveNext()) {
+            QStringList fields;
+            for (int f = 0; f < rs.FieldCount(); ++f) {
+                const basic::Variant v = rs.Fields(f).Value();
+                fields << (v.isNull() ? QStringLiteral("null") : basic::CStr(v));
+            }
+            out << fields.join('|');
+        }
+        return out;
+    }
+    void exec(const QString& sql) {
+        returns::ConnectReturnStore();
+        returns::cnReturn.Execute(sql);
+    }
+    std::vector<RecordedBox> add(std::initializer_list<int> answers = {}) {
+        forms::MsgBoxRecorder boxes(answers);
+        w->cmdAdd_Click();
+        return boxes.boxes();
+    }
+
+    QTemporaryDir folder;
+    std::unique_ptr<frmNormal> w;
+};
+
+const RecordedBox kAdded{"RECORD ADDED  SUCCESSFULLY", 64, "Success...........!"};
+
+// Keyed, added, program closed and started again: the bills come back in date order and renumbered,
+// and the month's summary row holds the figures.
+TEST_F(MonthStore, AddedMonthComesBackAfterRestart) {
+    put(w->fg1, {{"20-03-26", "Beta Traders", "32071", "B-7", "    12.5", "200", "25", "2", "227.00"},
+                 {"02-03-26", "Alpha Stores", "32070", "A-1", "      4", "1000", "40", "1", "1041.00"},
+                 {"11-03-26", "Gamma", "", "G-3", "      4", "500.5", "20.02", "", "520.52"}});
+    put(w->fg2, {{"05-03-26", "Cash", "", "S-1", "     20  ", "300", "60", "4.5", "364.50"}});
+    w->txtPlace->setText(" Kochi ");
+    w->procTotalCal1();
+    w->procTotalCal2();
+    EXPECT_EQ(add(), std::vector<RecordedBox>{kAdded});
+
+    restart();
+    const Bills purchases = rows(w->fg1);
+    ASSERT_EQ(purchases.size(), 3u);
+    EXPECT_EQ(purchases[0], (QStringList{"1", "02-03-26", "Alpha Stores", "32070", "A-1", "      4", "1000.00",
+                                         "40.00", "1.00", "1041.00"}));
+    EXPECT_EQ(purchases[1].mid(0, 3), (QStringList{"2", "11-03-26", "Gamma"}));
+    EXPECT_EQ(purchases[1][8], "");   // a cess never typed stays empty
+    EXPECT_EQ(purchases[2].mid(0, 3), (QStringList{"3", "20-03-26", "Beta Traders"}));
+    EXPECT_EQ(rows(w->fg2).at(0).mid(1, 5), (QStringList{"05-03-26", "Cash", "", "S-1", "     20  "}));
+    EXPECT_EQ(w->txtPlace->text(), "Kochi");
+    EXPECT_EQ(w->Label14->text(), "1500.50");
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    QDir().mkpath(dir);
+    EXPECT_TRUE(w->grab().save(dir + "/frmNormal-reloaded.png"));
+
+    // The summary row, read outside the program. RT12 adds the sales cess at 20 % (4.5), not the
+    // purchase cess at 12.5 % (2); figures are two-decimal texts, RT* plain numbers.
+    QProcess sqlite;
+    sqlite.start("sqlite3", {folder.filePath("nwForm10DB.mdb"),
+                             "SELECT cMonth, PTA4, PTT4, PTC12, STC20, netTotal, Place, eDate, RT4, RT12, RT0 "
+                             "FROM tblCommon"});
+    ASSERT_TRUE(sqlite.waitForFinished(10000));
+    EXPECT_EQ(QString::fromUtf8(sqlite.readAllStandardOutput()).trimmed(),
+              "March|1500.5|60.02|2.0|4.5|1788.52|Kochi|15-03-26|1561.52|229.5|0.0");
+}
+
+// Add writes the kind that List4 shows and the sales, and leaves the other kind's table alone.
+TEST_F(MonthStore, AddWritesTheShownPurchaseKindOnly) {
+    struct Case {
+        int kind;
+        const char* written;
+        const char* untouched;
+    } cases[] = {{0, "tblPurchase1", "tblPurchaseInterState1"}, {1, "tblPurchaseInterState1", "tblPurchase1"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.written);
+        exec("DELETE FROM tblPurchase1");
+        exec("DELETE FROM tblPurchaseInterState1");
+        exec("DELETE FROM tblSales");
+        exec(QString("INSERT INTO %1 (cCode, cMonth, Party) VALUES ('', 'March', 'Kept')").arg(c.untouched));
+        exec("INSERT INTO tblSales (cCode, cMonth, Party) VALUES ('', 'March', 'Old sale')");
+        w->List4->setListIndex(c.kind);
+        put(w->fg1, {{"01-03-26", "New purchase", "", "", "      1", "10", "0.1", "", "10.10"}});
+        put(w->fg2, {{"02-03-26", "New sale", "", "", "      1", "20", "0.2", "", "20.20"}});
+        EXPECT_EQ(add(), std::vector<RecordedBox>{kAdded});
+        EXPECT_EQ(column(QString("SELECT Party FROM %1").arg(c.written)), QStringList{"New purchase"});
+        EXPECT_EQ(column(QString("SELECT Party FROM %1").arg(c.untouched)), QStringList{"Kept"});
+        EXPECT_EQ(column("SELECT Party FROM tblSales"), QStringList{"New sale"});
+        EXPECT_EQ(column("SELECT PTA1 FROM tblCommon"), QStringList{"10"});
+    }
+}
+
+// Delete asks per kind; a kind with nothing stored gets its own box, and No keeps what was typed.
+TEST_F(MonthStore, DeleteAsksForPurchasesThenSales) {
+    const RecordedBox noPurchase{" Record Not exists  of Local Purchase", 64, "Sorry.........!"};
+    const RecordedBox noSales{" Record Not exists  of Local Sales", 64, "Sorry.........!"};
+    const RecordedBox askPurchase{" Are you Sure ", 36, "Delete Local Purchase Records "};
+    const RecordedBox askSales{" Are you Sure ", 36, "Delete Sales Records "};
+    {
+        forms::MsgBoxRecorder boxes;
+        w->cmdDelete_Click();
+        EXPECT_EQ(boxes.boxes(), (std::vector<RecordedBox>{noPurchase, noSales}));
+        boxes.clear();
+        w->cmdDelete_KeyPress(13);   // by Enter the same boxes come without title or icon
+        EXPECT_EQ(boxes.boxes(), (std::vector<RecordedBox>{{noPurchase.text, 0, forms::standardTitle()},
+                                                           {noSales.text, 0, forms::standardTitle()}}));
+    }
+    put(w->fg1, {{"01-03-26", "P", "", "", "      0", "10", "0", "", "10.00"}});
+    put(w->fg2, {{"01-03-26", "S", "", "", "      0", "20", "0", "", "20.00"}});
+    add();
+    exec("INSERT INTO tblSales (cCode, cMonth, Party) VALUES ('', 'April', 'Other month')");
+
+    forms::MsgBoxRecorder boxes({forms::vbNo, forms::vbYes});
+    w->cmdDelete_Click();
+    EXPECT_EQ(boxes.boxes(), (std::vector<RecordedBox>{askPurchase, askSales}));
+    EXPECT_EQ(column("SELECT Party FROM tblPurchase1"), QStringList{"P"});
+    EXPECT_EQ(column("SELECT Party FROM tblSales"), QStringList{"Other month"});
+    EXPECT_EQ(w->fg1->TextMatrix(1, 2), "P");
+    EXPECT_EQ(w->fg2->TextMatrix(1, 2), "");
+    EXPECT_EQ(column("SELECT count(*) FROM tblCommon"), QStringList{"1"});   // the summary outlives the bills
+}
+
+// A month is found by its local purchases only: a month of sales alone reads as empty, and the box
+// comes twice, once for the Enter and once more as the list loses the focus.
+TEST_F(MonthStore, MonthWithOnlySalesReadsAsNoRecord) {
+    exec("INSERT INTO tblSales (cCode, cMonth, Party, BillDate) VALUES ('', 'February', 'Only sale', '2026-02-03')");
+    put(w->fg1, {{"01-03-26", "Typed", "", "", "      0", "10", "0", "", "10.00"}});
+    w->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(w.get()));
+    w->txtRPTo->setFocus();
+    ASSERT_TRUE(w->List1->isVisible());
+    EXPECT_EQ(w->List1->Text(), "March");
+    EXPECT_FALSE(w->List4->isEnabled());
+    forms::MsgBoxRecorder boxes;
+    QTest::keyClick(w->List1, Qt::Key_Up);
+    EXPECT_EQ(w->txtMonth->text(), "February");
+    EXPECT_EQ(w->fg1->TextMatrix(1, 2), "Typed");   // arrowing loads nothing
+    QTest::keyClick(w->List1, Qt::Key_Return);
+    const RecordedBox none{"No Record Exists", 64, "Sorry...."};
+    EXPECT_EQ(boxes.boxes(), (std::vector<RecordedBox>{none, none}));
+    EXPECT_FALSE(w->List1->isVisible());
+    EXPECT_TRUE(w->List4->isEnabled());
+    EXPECT_EQ(w->fg1->TextMatrix(1, 2), "");
+    EXPECT_EQ(w->fg2->TextMatrix(1, 2), "");
+    EXPECT_EQ(column("SELECT Party FROM tblSales"), QStringList{"Only sale"});
+}
+
+// The bill keys hold the month only: March of the next year replaces March, other months stay.
+TEST_F(MonthStore, SameMonthAYearLaterReplacesTheFirst) {
+    exec("INSERT INTO tblPurchase1 (cCode, cMonth, Party) VALUES ('', 'April', 'April bill')");
+    put(w->fg1, {{"01-03-26", "First year", "", "", "      0", "10", "0", "", "10.00"},
+                 {"02-03-26", "First year 2", "", "", "      0", "10", "0", "", "10.00"}});
+    add();
+    basic::Clock::set(QDate(2027, 3, 10));
+    restart();
+    EXPECT_EQ(rows(w->fg1).size(), 2u);   // last year's March is this March
+    put(w->fg1, {{"01-03-27", "Second year", "", "", "      0", "10", "0", "", "10.00"}});
+    add();
+    EXPECT_EQ(column("SELECT Party FROM tblPurchase1 ORDER BY Party"), (QStringList{"April bill", "Second year"}));
+    EXPECT_EQ(column("SELECT count(*) FROM tblCommon WHERE cMonth='March'"), QStringList{"1"});
+}
+
+// Saving drops blank rows from the grid: the trailing ones, and a row with only an amount, which is lost.
+TEST_F(MonthStore, SavingDropsBlankRows) {
+    struct Case {
+        const char* name;
+        Bills typed;
+        QStringList stored;   // parties in the store
+        int gridRows;         // bill rows left on the grid
+        const char* total;
+    } cases[] = {
+        {"empty grid", {{}}, {"null"}, 1, "0.00"},
+        {"two trailing blanks", {{"01-03-26", "A", "", "", "      0", "1", "", "", "1.00"}, {}, {}}, {"A"}, 1, "1.00"},
+        {"amount only",
+         {{"01-03-26", "A", "", "", "      0", "1", "", "", "1.00"}, {"", "", "", "", "", "99", "", "", "99.00"},
+          {"02-03-26", "B", "", "", "      0", "2", "", "", "2.00"}},
+         {"A", "B"},
+         2,
+         "3.00"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        put(w->fg1, c.typed);
+        add();
+        EXPECT_EQ(column("SELECT Party FROM tblPurchase1 ORDER BY Party"), c.stored);
+        EXPECT_EQ(int(rows(w->fg1).size()), c.gridRows);
+        EXPECT_EQ(w->txtTotal->text(), c.total);
+    }
+    // The empty grid's row holds only the keys of the month.
+    put(w->fg1, {{}});
+    add();
+    EXPECT_EQ(column("SELECT SlNo, cMonth, eDate, BillDate, Place FROM tblPurchase1"),
+              QStringList{"1|March|15-03-26|null|null"});
+}
+
+// A press whose store work fails stores nothing at all, keeps what was typed and says what failed.
+TEST_F(MonthStore, FailingAddStoresNothingAndKeepsTheGrid) {
+    put(w->fg1, {{"01-03-26", "Stored before", "", "", "      0", "10", "0", "", "10.00"}});
+    add();
+    struct Case {
+        const char* name;
+        Bills purchases;
+        QString place;
+        QString says;
+    } cases[] = {
+        {"date that is no date",
+         {{"01-03-26", "New", "", "", "      0", "5", "", "", "5.00"},
+          {"3x-0q-26", "Bad date", "", "", "      0", "6", "", "", "6.00"}},
+         "Kochi",
+         "a bill date is not a date of the form DD-MM-YY, while purchase bill 2"},
+        {"apostrophe in the place",
+         {{"01-03-26", "New", "", "", "      0", "5", "", "", "5.00"}},
+         "Cochin's port",
+         "the store refused it"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        put(w->fg1, c.purchases);
+        put(w->fg2, {{"04-03-26", "Sale typed", "", "", "      0", "7", "", "", "7.00"}});
+        w->txtPlace->setText(c.place);
+        const Bills typed = rows(w->fg1);
+        const auto boxes = add();
+        ASSERT_EQ(boxes.size(), 1u);
+        EXPECT_EQ(boxes[0].title, "Not saved");
+        EXPECT_TRUE(boxes[0].text.contains(c.says)) << boxes[0].text.toStdString();
+        EXPECT_EQ(rows(w->fg1), typed);
+        EXPECT_EQ(w->fg2->TextMatrix(1, 2), "Sale typed");
+        EXPECT_EQ(w->txtPlace->text(), c.place);
+        EXPECT_EQ(column("SELECT Party FROM tblPurchase1"), QStringList{"Stored before"});
+        EXPECT_EQ(column("SELECT count(*) FROM tblSales WHERE Party='Sale typed'"), QStringList{"0"});
+        EXPECT_EQ(column("SELECT PTA0 FROM tblCommon"), QStringList{"10"});
+    }
+}
+
+}  // namespace

@@ -1,0 +1,153 @@
+// The chooser and the return window between each other, the purchase-kind list, and the summary
+// statement as the store receives it.
+#include "platform/basic/app_path.h"
+#include "platform/basic/clock.h"
+#include "platform/forms/flex_grid.h"
+#include "platform/forms/list_box.h"
+#include "platform/forms/msgbox.h"
+#include "platform/forms/twips.h"
+#include "platform/forms/window_registry.h"
+#include "platform/store/recordset.h"
+#include "returns/frm_normal.h"
+#include "returns/frm_select.h"
+#include "returns/module2.h"
+#include "support/printers.h"
+#include "support/qt_app.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace returns;
+
+namespace {
+
+class WindowFlows : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ensureApp();
+        ASSERT_TRUE(folder.isValid());
+        basic::SetAppPath(folder.path());
+        basic::Clock::set(QDate(2026, 3, 15));
+        forms::define("frmSelect", [] { return new frmSelect; });
+        forms::define("frmNormal", [] { return new frmNormal; });
+        forms::define("frmEFiling", [] { return new frmEFiling; });
+        forms::define("frmDirectToForm", [] { return new frmDirectToForm; });
+        forms::define("main", [] { return new QWidget; });
+    }
+    void TearDown() override {
+        forms::reset();
+        ReleaseReturnStores();
+        rsLookup = rsBills = rsReport = store::Recordset::nothing();
+        basic::Clock::reset();
+    }
+    void exec(const QString& sql) {
+        ConnectReturnStore();
+        cnReturn.Execute(sql);
+    }
+    QTemporaryDir folder;
+    forms::MsgBoxRecorder boxes;
+};
+
+TEST_F(WindowFlows, ChooserOpensAndTakesBackTheReturnWindow) {
+    auto* select = forms::get<frmSelect>("frmSelect");
+    select->Show();
+    EXPECT_EQ(select->pos(), QPoint(forms::twips(4000), forms::twips(2500)));
+    EXPECT_EQ(select->size(), QSize(forms::twips(7000), forms::twips(4000)));
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    QDir().mkpath(dir);
+    EXPECT_TRUE(select->grab().save(dir + "/frmSelect.png"));
+
+    // Enter opens the return window and leaves the chooser behind it; a double click hides the chooser.
+    select->Option1_KeyPress(13);
+    auto* normal = forms::get<frmNormal>("frmNormal");
+    EXPECT_TRUE(normal->isVisible());
+    EXPECT_TRUE(select->isVisible());
+    EXPECT_EQ(normal->txtRPTo->text(), "March");
+    EXPECT_EQ(normal->List4->Text(), "Local Purchase");
+    EXPECT_EQ(normal->List2->List(4), "     20       ");   // the load's filling is replaced at once
+
+    // Close drops what was not added, asks nothing, and brings the chooser back.
+    normal->fg1->setTextMatrix(1, 2, "Unsaved party");
+    normal->cmdClose_Click();
+    EXPECT_FALSE(normal->isVisible());
+    EXPECT_TRUE(select->isVisible());
+    select->Option1_DblClick();
+    EXPECT_FALSE(select->isVisible());
+    EXPECT_EQ(normal->fg1->TextMatrix(1, 2), "");
+
+    // A disabled option does nothing; Cancel closes both windows and shows the main window.
+    select->Show();
+    select->Option2->setEnabled(false);
+    select->Option2_KeyPress(13);
+    EXPECT_FALSE(forms::exists("frmEFiling"));
+    select->cmdClose_Click();
+    EXPECT_FALSE(select->isVisible());
+    EXPECT_FALSE(normal->isVisible());
+    EXPECT_TRUE(forms::get("main")->isVisible());
+    EXPECT_TRUE(boxes.boxes().empty());
+}
+
+TEST_F(WindowFlows, DirectToFormGetsTheDealerAndTheYear) {
+    DealerName = "Kerala Traders";
+    auto* select = forms::get<frmSelect>("frmSelect");
+    select->Show();
+    select->Option3_DblClick();
+    auto* target = forms::get<frmDirectToForm>("frmDirectToForm");
+    EXPECT_TRUE(target->isVisible());
+    EXPECT_TRUE(select->isVisible());
+    EXPECT_EQ(target->txtDealerName->text(), "Kerala Traders");
+    EXPECT_EQ(target->txtYear->text(), "2026");
+    EXPECT_EQ(ReturnYearKey, "2026");
+    EXPECT_TRUE(DirectToForm);
+    DealerName.clear();
+    DirectToForm = false;
+}
+
+// List4 chooses the table fg1 stands for and the padding of the purchase rates.
+TEST_F(WindowFlows, PurchaseKindSwitchesTheGridAndTheRates) {
+    exec("INSERT INTO tblPurchase1 (cCode, cMonth, Party, BillDate) VALUES ('', 'March', 'Local', '2026-03-02')");
+    exec("INSERT INTO tblPurchaseInterState1 (cCode, cMonth, Party, BillDate, Amount, RateOfTax) "
+         "VALUES ('', 'March', 'From Chennai', '2026-03-04', 250, '4')");
+    auto* w = forms::get<frmNormal>("frmNormal");
+    w->Show();
+    struct Case {
+        int index;
+        const char* party;
+        const char* lastRate;
+        const char* amount4;
+    } cases[] = {{1, "From Chennai", "      20", "250.00"}, {0, "Local", "     20       ", "0.00"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.party);
+        w->List4->setListIndex(c.index);
+        EXPECT_EQ(w->fg1->TextMatrix(1, 2), c.party);
+        EXPECT_EQ(w->List2->List(4), c.lastRate);
+        EXPECT_EQ(w->Label14->text(), c.amount4);
+    }
+}
+
+// The summary is one INSERT built piece by piece: figures quoted with two decimals, RT* bare.
+TEST_F(WindowFlows, SummaryStatementAsSent) {
+    auto* w = forms::get<frmNormal>("frmNormal");
+    w->Show();
+    w->txtPlace->setText("  Thrissur ");
+    w->procWriteCommon();
+    QString figures;
+    for (int i = 0; i < 33; ++i) figures += "'0.00',";
+    EXPECT_EQ(SqlText,
+              " INSERT INTO tblCommon (  cCode , cMonth , cAddress , PTA0,PTA1,PTA4,PTA12,PTA20,PTT0,PTT1,PTT4,PTT12,"
+              "PTT20,PTC0,PTC1,PTC4,PTC12,PTC20 ,STA0,STA1,STA4,STA12,STACST,STA20,STT0,STT1,STT4,STT12,STTCST,STT20,"
+              "STC0,STC1,STC4,STC12,STCCST,STC20,netTotal,eDate,Place,RT0,RT1,RT4,RT12,RT20)     VALUES   ('','March','"
+              "'," + figures + "'0.00','15-03-26','Thrissur',0,0,0,0,0)");
+    // Rounding: figures to two decimals, RT sums the unrounded labels first and is written without zeros.
+    w->Label18->setText("0.004");
+    w->Label14->setText("1234.5");
+    w->Label56->setText("0.004");
+    w->procWriteCommon();
+    EXPECT_TRUE(SqlText.contains("'1234.50'")) << SqlText.toStdString();
+    EXPECT_TRUE(SqlText.endsWith(",0,0,1234.51,0,0)")) << SqlText.toStdString();
+}
+
+}  // namespace
