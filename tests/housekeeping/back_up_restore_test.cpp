@@ -200,6 +200,10 @@ TEST_F(BackUpRestore, InterruptedBackupLeavesTheOldOneWhole) {
     const std::vector<RecordedBox> expected{{"Disk full", 0, "Vorlan"}};
     EXPECT_EQ(boxes.boxes(), expected);
     EXPECT_EQ(w.Label2->text(), "BackUp  Path ");
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    QDir().mkpath(dir);
+    EXPECT_TRUE(w.grab().save(dir + "/frmBackUpRestore.png"));
 }
 
 // The label shows for three ticks and hides for one; the buttons are yellow while they have the focus.
