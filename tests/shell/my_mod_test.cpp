@@ -1,0 +1,56 @@
+#include "library_fixture.h"
+
+#include "platform/forms/msgbox.h"
+
+class MyMod : public LibraryFixture {};
+
+TEST_F(MyMod, CataloguesPlaceEachTableInItsFile) {
+    const struct { const char* table; int file; } cases[] = {
+        {"Kerala", 1}, {"KERALA", 1}, {"keralafields", 1}, {"Globalvat", 1}, {"Globalvatse", 2},
+        {"Allshedule", 3}, {"capractice", 3}, {"NoSuchTable", 0},
+    };
+    const store::Connection files[] = {store::Connection::nothing(), shell::cnLibrary1, shell::cnLibrary2,
+                                       shell::cnLibrary3};
+    for (const auto& c : cases) {
+        const store::Connection cn = shell::getConnectionForTable(c.table);
+        if (c.file == 0) EXPECT_TRUE(cn.isNothing()) << c.table;
+        else EXPECT_TRUE(cn == files[c.file]) << c.table;
+    }
+    EXPECT_TRUE(shell::strLibraryCn2.endsWith("Uid=admin;Pwd=lantern"));
+    EXPECT_TRUE(shell::strLibraryCn1.endsWith("\\0909214SD01.mdb;Uid=admin;Pwd=bergamot;"));
+}
+
+TEST_F(MyMod, FailuresShowTheirBoxAndGiveNothing) {
+    forms::MsgBoxRecorder boxes;
+    EXPECT_TRUE(shell::getRecordSet("SELECT * FROM NoSuchTable", "NoSuchTable").isNothing());
+    EXPECT_TRUE(shell::getRecordSetByCn("SELECT * FROM NoSuchTable", shell::cnLibrary1).isNothing());
+    EXPECT_FALSE(shell::IsQueryReturnsNullCnStr("SELECT fname FROM Kerala WHERE name='O'Neil'", shell::strLibraryCn1));
+    ASSERT_EQ(boxes.boxes().size(), 3u);
+    const char* prefixes[] = {"MyMOD.getRecordSet : ", "MyMOD.getRecordSetByCn : ", "MyMOD.IsQueryReturnsNullCnStr : "};
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(boxes.boxes()[size_t(i)].text.startsWith(prefixes[i])) << boxes.boxes()[size_t(i)].text.toStdString();
+        EXPECT_TRUE(boxes.boxes()[size_t(i)].text.contains(" | No: "));
+        EXPECT_EQ(boxes.boxes()[size_t(i)].style, forms::vbExclamation);
+        EXPECT_EQ(boxes.boxes()[size_t(i)].title, "_IN_DEBUG");
+    }
+}
+
+TEST_F(MyMod, WrongPasswordOrMissingFileStopsTheStart) {
+    QFile::remove(dir.filePath("1309214SD02.mdb"));
+    EXPECT_NE(basic::resume([] { shell::InitLibraryStore(); }).number(), 0);
+    QFile::copy(dir.filePath("1509214SD03.mdb"), dir.filePath("1309214SD02.mdb"));  // keyed with another password
+    EXPECT_NE(basic::resume([] { shell::InitLibraryStore(); }).number(), 0);
+}
+
+TEST_F(MyMod, SmallRoutinesAsTheSystemHasThem) {
+    const shell::BrowserLayout l = shell::GetBrowserLayout();
+    EXPECT_EQ(l.first.top, 1740);
+    EXPECT_EQ(l.first.width, 8295);
+    EXPECT_EQ(l.second.width, 12735);
+    EXPECT_EQ(l.second.height, 5535);
+    EXPECT_FALSE(shell::IsDevelopmentRun());
+    EXPECT_TRUE(shell::ShowErrorDetail());
+    EXPECT_FALSE(shell::SafeSetFocus(nullptr));
+    EXPECT_EQ(shell::RegisterServerFile("", 1), 0);
+    EXPECT_EQ(shell::RegisterServerFile(dir.filePath("crystl32.ocx"), 1), 1);
+}
