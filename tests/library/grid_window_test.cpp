@@ -1,6 +1,7 @@
 // frmGlobalSections on the sample library, driven as a user drives it.
 #include "library_window_fixture.h"
 
+#include <QDir>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -217,4 +218,29 @@ TEST_F(GridWindow, GoOnAKeyWithAnApostropheShowsItsBox) {
     EXPECT_TRUE(boxes.boxes()[1].text.startsWith(QStringLiteral("Error on cmdGO_Click() \n")));
     EXPECT_EQ(boxes.boxes()[1].style, 0);
     EXPECT_EQ(boxes.boxes()[1].title, forms::standardTitle());
+}
+
+// The pick list and the document window as a user sees them; VORLAN_SCREENS=1 keeps the pictures in docs/.
+TEST_F(GridWindow, ScreensOfThePickListAndOfAnRtfAndAnHtmlDocument) {
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    QDir().mkpath(dir);
+    auto* w = open(kActList);
+    w->setHeader(QStringLiteral("Sections of the Act"));
+    w->resize(forms::twips(13500), forms::twips(8000));
+    w->show();
+    QTest::keyClick(w->txtSearch, Qt::Key_Down);
+    EXPECT_TRUE(w->grab().save(dir + "/frmGlobalSections.png"));
+
+    struct Case { QString key; documents::Kind kind; QString file; };
+    for (const Case& c : {Case{"1", documents::Kind::Rtf, "keralaforms-rtf.png"},
+                          Case{"2", documents::Kind::Html, "keralaforms-html.png"}}) {
+        w->setSearchColumnIndex(1);
+        w->txtSearch->setText(c.key);
+        while (w->DataGrid1->ColumnText(1) != c.key) QTest::keyClick(w->txtSearch, Qt::Key_Down);
+        w->cmdGO_Click();
+        EXPECT_EQ(kf()->OLE1->kind(), c.kind) << c.file.toStdString();
+        kf()->resize(forms::twips(13000), forms::twips(8000));
+        EXPECT_TRUE(kf()->grab().save(dir + "/" + c.file));
+    }
 }
