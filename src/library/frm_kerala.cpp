@@ -274,9 +274,9 @@ void frmkerala::Form_QueryUnload(bool& Cancel, int UnloadMode) {
 
 void frmkerala::Form_MouseDown() {
     lower();
-    QWidget* active = focusWidget();
-    if (!active) throw forms::objectNotSet();
-    active->setFocus(Qt::OtherFocusReason);
+    // The old window always had an active control once shown; ours may have none before the first key,
+    // and a click on the bare window must not raise an error box.
+    if (QWidget* active = focusWidget()) active->setFocus(Qt::OtherFocusReason);
 }
 
 void frmkerala::Toolbar2_ButtonClick(const QString& key) {
