@@ -34,7 +34,7 @@ public:
         title_.setPointSizeF(t.fontSize * 1.5);
         const QFontMetricsF fm(body_, p.device());
         row_ = std::ceil(fm.height() * 1.45);
-        pad_ = std::ceil(fm.averageCharWidth() * 0.6);
+        pad_ = std::ceil(fm.averageCharWidth() * 0.5);
         titleRow_ = std::ceil(QFontMetricsF(title_, p.device()).height() * 1.4);
 
         double shares = 0;
@@ -74,14 +74,14 @@ private:
     }
 
     void layout() {
-        const double rowsTop = headTop() + row_;        // under the column headings
+        const double rowsTop = headTop() + 2 * row_;    // under the column headings
         const size_t perPage = std::max<size_t>(1, size_t((footTop() - rowsTop) / row_));
         const size_t n = d_.bills.size();
         for (size_t first = 0; first < n; first += perPage) pages_.push_back({first, std::min(perPage, n - first), false});
         if (pages_.empty()) pages_.push_back({0, 0, false});
         if (t_.summaryRows.empty()) return;
         Page& last = pages_.back();
-        const double used = last.bills ? rowsTop + double(last.bills) * row_ : headTop();
+        const double used = rowsTop + double(last.bills) * row_;
         if (used + row_ + summaryHeight() <= footTop()) last.summary = true;
         else pages_.push_back({n, 0, true});
     }
@@ -112,15 +112,19 @@ private:
         const QPen faint(QColor(190, 190, 190), 0);
 
         if (page.bills > 0 || (page.firstBill == 0 && !page.summary) || (page.summary && d_.bills.empty())) {
+            // Column headings on two lines, as the bill grid has them.
+            const double headH = 2 * row_;
             p_.setFont(bold_);
-            p_.fillRect(QRectF(area_.left(), y, area_.width(), row_), QColor(232, 232, 232));
-            for (size_t c = 0; c < cols_.size(); ++c)
-                text(cols_[c].translated(0, y), t_.columns[c].heading,
-                     t_.columns[c].kind == BillColumn::Amount ? Qt::AlignRight : Qt::AlignLeft);
+            p_.fillRect(QRectF(area_.left(), y, area_.width(), headH), QColor(232, 232, 232));
+            for (size_t c = 0; c < cols_.size(); ++c) {
+                const QRectF cell = QRectF(cols_[c].left(), y, cols_[c].width(), headH).adjusted(pad_, 0, -pad_, 0);
+                const Qt::Alignment align = t_.columns[c].kind == BillColumn::Amount ? Qt::AlignRight : Qt::AlignLeft;
+                p_.drawText(cell, int(align | Qt::AlignVCenter | Qt::TextWordWrap), t_.columns[c].heading);
+            }
             p_.setPen(rule);
             p_.drawLine(QPointF(area_.left(), y), QPointF(area_.right(), y));
-            p_.drawLine(QPointF(area_.left(), y + row_), QPointF(area_.right(), y + row_));
-            y += row_;
+            p_.drawLine(QPointF(area_.left(), y + headH), QPointF(area_.right(), y + headH));
+            y += headH;
             p_.setFont(body_);
             for (size_t b = page.firstBill; b < page.firstBill + page.bills; ++b) {
                 const QStringList& bill = d_.bills[b];
