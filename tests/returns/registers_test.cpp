@@ -98,6 +98,9 @@ TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
         ASSERT_EQ(doc.status(), QPdfDocument::Status::Ready);
         const QSizeF points = doc.pagePointSize(0);
         doc.render(0, (points * 1.5).toSize()).save(out("register-purchase-page1.png"));
+        w->CrystalReport1->window()->resize(1280, 900);
+        w->CrystalReport1->window()->showTop();
+        w->CrystalReport1->window()->grab().save(out("register-preview.png"));
     }
 }
 

@@ -35,6 +35,7 @@ void CrystalReport::setAction(int action) {
     if (windowState_ == 2) window_->showMaximized();
     else if (windowState_ == 1) window_->showMinimized();
     else window_->showNormal();
+    window_->showTop();
     window_->raise();
     window_->activateWindow();
 }

@@ -6,6 +6,8 @@
 #include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGraphicsView>
+#include <QScrollBar>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPrintDialog>
@@ -38,7 +40,7 @@ PreviewWindow::PreviewWindow(QWidget* parent) : QWidget(parent, Qt::Window), pri
         if (!path.isEmpty()) savePdf(path);
     });
     toolBar->addSeparator();
-    toolBar->addAction(QStringLiteral("First"), view, [this] { view->setCurrentPage(1); });
+    toolBar->addAction(QStringLiteral("First"), view, [this] { showTop(); });
     toolBar->addAction(QStringLiteral("Previous"), view, [this] { view->setCurrentPage(view->currentPage() - 1); });
     toolBar->addAction(QStringLiteral("Next"), view, [this] { view->setCurrentPage(view->currentPage() + 1); });
     toolBar->addAction(QStringLiteral("Last"), view, [this] { view->setCurrentPage(view->pageCount()); });
@@ -66,8 +68,14 @@ void PreviewWindow::setRegister(const ReportTemplate& t, const ReportData& d) {
     printer_.setPageLayout(t.pageLayout());
     setWindowTitle(t.title.isEmpty() ? QFileInfo(t.file).fileName() : fillFields(t.title, d.heading));
     view->updatePreview();
-    view->setCurrentPage(1);
     view->fitToWidth();
+    showTop();
+}
+
+void PreviewWindow::showTop() {
+    view->setCurrentPage(1);
+    // Going to a page centres it; a page taller than the window is then shown from its top.
+    if (auto* pages = view->findChild<QGraphicsView*>()) pages->verticalScrollBar()->setValue(pages->verticalScrollBar()->minimum());
     showPageNumber();
 }
 

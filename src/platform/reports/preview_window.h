@@ -33,6 +33,8 @@ public:
     // What the two buttons do after their dialogs: print on the printer as set up, save to the path.
     void printOn(QPrinter* printer);
     void savePdf(const QString& path);
+    // The first page, from its top.
+    void showTop();
 
 private:
     void showPageNumber();
