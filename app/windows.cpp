@@ -1,5 +1,8 @@
 #include "windows.h"
 
+#include "housekeeping/frm_back_up_restore.h"
+#include "library/frm_kerala.h"
+#include "library/keralaforms.h"
 #include "platform/forms/window_registry.h"
 #include "returns/frm_normal.h"
 #include "returns/frm_select.h"
@@ -10,6 +13,10 @@ namespace app {
 
 void defineWindows() {
     forms::define(QStringLiteral("main"), [] { return new shell::main; });
+    forms::define(QStringLiteral("frmkerala"), [] { return new library::frmkerala; });
+    forms::define(QStringLiteral("keralaforms"), [] { return new library::keralaforms; });
+    forms::define(QStringLiteral("GlobalDisplay"), [] { return new library::GlobalDisplay; });
+    forms::define(QStringLiteral("frmBackUpRestore"), [] { return new housekeeping::frmBackUpRestore; });
     forms::define(QStringLiteral("frmNormal"), [] { return new returns::frmNormal; });
     forms::define(QStringLiteral("frmSelect"), [] { return new returns::frmSelect; });
     forms::define(QStringLiteral("frmEFiling"), [] { return new returns::frmEFiling; });

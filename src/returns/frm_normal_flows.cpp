@@ -2,6 +2,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
+#include "platform/forms/event_tap.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/keys.h"
 #include "platform/forms/list_box.h"
@@ -26,19 +27,7 @@ using basic::Variant;
 
 QString today(const char* format) { return basic::Format(Variant(basic::Clock::today()), QString::fromLatin1(format)); }
 
-// Runs a handler for each event of one widget; the handler says whether the event is used up.
-class EventTap : public QObject {
-public:
-    EventTap(QObject* parent, std::function<bool(QEvent*)> handler) : QObject(parent), handler_(std::move(handler)) {}
-    bool eventFilter(QObject*, QEvent* event) override {
-        bool used = false;
-        forms::guard([&] { used = handler_(event); });
-        return used;
-    }
-
-private:
-    std::function<bool(QEvent*)> handler_;
-};
+using forms::EventTap;
 
 bool isEnter(QEvent* e) {
     if (e->type() != QEvent::KeyPress) return false;

@@ -27,11 +27,11 @@ TEST_F(MyMod, FailuresShowTheirBoxAndGiveNothing) {
     EXPECT_FALSE(shell::IsQueryReturnsNullCnStr("SELECT fname FROM Kerala WHERE name='O'Neil'", shell::strLibraryCn1));
     ASSERT_EQ(boxes.boxes().size(), 3u);
     const char* prefixes[] = {"MyMOD.getRecordSet : ", "MyMOD.getRecordSetByCn : ", "MyMOD.IsQueryReturnsNullCnStr : "};
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_TRUE(boxes.boxes()[size_t(i)].text.startsWith(prefixes[i])) << boxes.boxes()[size_t(i)].text.toStdString();
-        EXPECT_TRUE(boxes.boxes()[size_t(i)].text.contains(" | No: "));
-        EXPECT_EQ(boxes.boxes()[size_t(i)].style, forms::vbExclamation);
-        EXPECT_EQ(boxes.boxes()[size_t(i)].title, "_IN_DEBUG");
+    for (size_t i = 0; i < 3; ++i) {
+        const forms::RecordedBox& b = boxes.boxes()[i];
+        EXPECT_TRUE(b.text.startsWith(prefixes[i]) && b.text.contains(" | No: ")) << b.text.toStdString();
+        EXPECT_EQ(b.style, forms::vbExclamation);
+        EXPECT_EQ(b.title, "_IN_DEBUG");
     }
 }
 

@@ -117,8 +117,12 @@ private:
         }
         const qsizetype start = p_;
         while (p_ < s_.size() && !s_[p_].isSpace()) ++p_;
+        const QString word = s_.mid(start, p_ - start);
+        // The boolean words compare as the booleans they name, as "Flag =true" does in the platform.
+        if (word.compare(u"true", Qt::CaseInsensitive) == 0) return true;
+        if (word.compare(u"false", Qt::CaseInsensitive) == 0) return false;
         bool ok = false;
-        const double number = s_.mid(start, p_ - start).toDouble(&ok);
+        const double number = word.toDouble(&ok);
         if (!ok) fail();
         return number;
     }

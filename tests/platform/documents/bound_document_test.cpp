@@ -21,21 +21,17 @@ namespace {
 class BoundDocument : public ::testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        connect = QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + dir.path() +
-                  QStringLiteral("\\0909214SD01.mdb;Uid=admin;Pwd=lantern;");
+        const QString connect = QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + dir.path() +
+                                QStringLiteral("\\0909214SD01.mdb;Uid=admin;Pwd=lantern;");
         store::Connection connection;
         connection.Create(connect);
         connection.Execute(QStringLiteral("CREATE TABLE Globalvat (name TEXT COLLATE NOCASE, fname LONGBINARY)"));
         store::Recordset rows;
         rows.Open(QStringLiteral("SELECT * FROM Globalvat"), connection, store::Recordset::adOpenKeyset,
                   store::Recordset::adLockOptimistic);
-        const std::pair<const char*, basic::Variant> documents[] = {
-            {"default", QByteArray("{\\rtf1 Document not {\\b available}}")},
-            {"circular 12", QByteArray("<html><body>Circular No. 12/2008</body></html>")},
-            {"nothing", basic::Variant::null()},
-        };
-        for (const auto& [name, bytes] : documents) {
+        for (const auto& [name, bytes] : std::initializer_list<std::pair<const char*, basic::Variant>>{{"default", QByteArray("{\\rtf1 Document not {\\b available}}")},
+                                          {"circular 12", QByteArray("<html><body>Circular No. 12/2008</body></html>")},
+                                          {"nothing", basic::Variant::null()}}) {
             rows.AddNew();
             rows.Fields(QStringLiteral("name")) = basic::Variant(name);
             rows.Fields(QStringLiteral("fname")) = bytes;
@@ -44,33 +40,24 @@ protected:
         MSRDC1.setConnect(connect);
         OLE1.setDataSource(&MSRDC1);
     }
-
-    void lookUp(const char* name) {
+    // Looks a row up as the law library does, binding fname when asked.
+    void lookUp(const char* name, bool bind = false) {
         MSRDC1.setSQL(QStringLiteral("select fname from Globalvat where name='%1'").arg(QLatin1String(name)));
         MSRDC1.Refresh();
+        if (bind) OLE1.setDataField(QStringLiteral("fname"));
     }
 
     QTemporaryDir dir;
-    QString connect;
     DataControl MSRDC1;
     OleContainer OLE1;
 };
 
 TEST_F(BoundDocument, RowOfTheStatementShowsInTheBoundContainer) {
-    struct Case {
-        const char* name;
-        bool eof;
-        Kind kind;
-        const char* text;
-    } cases[] = {
-        {"default", false, Kind::Rtf, "Document not available"},
-        {"Circular 12", false, Kind::Html, "Circular No. 12/2008"},
-        {"nothing", false, Kind::None, ""},
-        {"no such row", true, Kind::None, ""},
-    };
-    lookUp("default");
-    OLE1.setDataField(QStringLiteral("fname"));
-    for (const Case& c : cases) {
+    const struct { const char* name; bool eof; Kind kind; const char* text; } cases[] = {
+        {"default", false, Kind::Rtf, "Document not available"}, {"Circular 12", false, Kind::Html, "Circular No. 12/2008"},
+        {"nothing", false, Kind::None, ""}, {"no such row", true, Kind::None, ""}};
+    lookUp("default", true);
+    for (const auto& c : cases) {
         lookUp(c.name);  // the binding follows each refresh
         EXPECT_EQ(MSRDC1.Eof(), c.eof) << c.name;
         EXPECT_EQ(OLE1.kind(), c.kind) << c.name;
@@ -93,8 +80,7 @@ TEST_F(BoundDocument, FailuresReachTheCaller) {
 }
 
 TEST_F(BoundDocument, OpenVerbShowsTheDocumentInFull) {
-    lookUp("circular 12");
-    OLE1.setDataField(QStringLiteral("fname"));
+    lookUp("circular 12", true);
     OLE1.DoVerb(OleContainer::vbOLEOpen);
     FullViewer* viewer = FullViewer::existing();
     ASSERT_NE(viewer, nullptr);
@@ -117,8 +103,7 @@ TEST_F(BoundDocument, OpenVerbShowsTheDocumentInFull) {
 }
 
 TEST_F(BoundDocument, ClickOnTheDocumentIsTheContainersClick) {
-    lookUp("default");
-    OLE1.setDataField(QStringLiteral("fname"));
+    lookUp("default", true);
     OLE1.resize(400, 300);
     OLE1.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&OLE1));

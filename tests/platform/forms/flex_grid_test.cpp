@@ -40,14 +40,8 @@ struct Grid : AppFirst {
     void click(QPoint grid) { QTest::mouseClick(g.viewport(), Qt::LeftButton, {}, grid - g.viewport()->pos()); }
 };
 
-struct MoveCase {
-    const char* name;
-    std::function<void(Grid&)> act;
-    QStringList events;
-};
-
 TEST(FlexGrid, MovingTheCurrentCellRaisesLeaveThenEnterOnce) {
-    const MoveCase cases[] = {
+    const struct { const char* name; std::function<void(Grid&)> act; QStringList events; } cases[] = {
         {"same row", [](Grid& t) { t.g.setRow(1); }, {}},
         {"new row", [](Grid& t) { t.g.setRow(2); }, {"L1,1", "E2,1"}},
         {"new col", [](Grid& t) { t.g.setCol(9); }, {"L1,1", "E1,9"}},
@@ -84,15 +78,8 @@ TEST(FlexGrid, CellGeometryPointsAtTheCellEvenWhenScrolled) {
     }
 }
 
-struct RemoveCase {
-    int rows, remove, current;
-    QStringList firstColumn;
-    int error;
-    int rowAfter;
-};
-
 TEST(FlexGrid, RemoveItemShiftsRowsUpAndKeepsTheLastOne) {
-    const RemoveCase cases[] = {
+    const struct { int rows, remove, current; QStringList firstColumn; int error, rowAfter; } cases[] = {
         {4, 2, 2, {"0", "1", "3"}, 0, 2},
         {4, 3, 3, {"0", "1", "2"}, 0, 2},
         {4, 1, 3, {"0", "2", "3"}, 0, 2},
@@ -103,16 +90,9 @@ TEST(FlexGrid, RemoveItemShiftsRowsUpAndKeepsTheLastOne) {
     for (const auto& tc : cases) {
         Grid t(tc.rows);
         t.g.setRow(tc.current);
-        int error = 0;
-        try {
-            t.g.RemoveItem(tc.remove);
-        } catch (const basic::RuntimeError& e) {
-            error = e.number();
-            if (error == 30015) {
-                EXPECT_EQ(e.description(), "Cannot remove last non-fixed row");
-            }
-        }
-        EXPECT_EQ(error, tc.error) << tc.rows << " " << tc.remove;
+        const basic::RuntimeError e = basic::resume([&] { t.g.RemoveItem(tc.remove); });
+        EXPECT_EQ(e.number(), tc.error) << tc.rows << " " << tc.remove;
+        if (e.number() == 30015) { EXPECT_EQ(e.description(), "Cannot remove last non-fixed row"); }
         QStringList col;
         for (int r = 0; r < t.g.Rows(); ++r) col << t.g.TextMatrix(r, 0);
         EXPECT_EQ(col, tc.firstColumn) << tc.rows << " " << tc.remove;
@@ -139,14 +119,8 @@ TEST(FlexGrid, ReshapingKeepsTextAndClampsTheCursorSilently) {
     t.g.Clear();
     EXPECT_EQ(t.g.TextMatrix(2, 3), "");
     EXPECT_EQ(t.g.Rows(), 6);
-    for (auto bad : {std::pair{6, 0}, std::pair{0, 10}, std::pair{-1, 0}}) {
-        try {
-            t.g.TextMatrix(bad.first, bad.second);
-            ADD_FAILURE() << bad.first << "," << bad.second;
-        } catch (const basic::RuntimeError& e) {
-            EXPECT_EQ(e.number(), bad.first == 0 ? 30010 : 30009);
-        }
-    }
+    for (auto [r, c] : {std::pair{6, 0}, std::pair{0, 10}, std::pair{-1, 0}})
+        EXPECT_EQ(basic::resume([&] { t.g.TextMatrix(r, c); }).number(), r == 0 ? 30010 : 30009) << r << "," << c;
 }
 
 }  // namespace

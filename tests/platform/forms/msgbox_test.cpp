@@ -64,43 +64,19 @@ TEST(MsgBox, RealBoxAnswersTheButtonPressed) {
     EXPECT_EQ(MsgBox("Are  you Sure?", forms::vbYesNo, "Exit Windows"), forms::vbNo);
 }
 
-TEST(RuntimeErrorBox, ShowsNumberAndDescriptionInAStopBox) {
-    MsgBoxRecorder recorder;
-    forms::reportRuntimeError(basic::RuntimeError(3021, "Either BOF or EOF is True, or the current record has been deleted."));
-    EXPECT_EQ(recorder.boxes(),
-              (std::vector<RecordedBox>{
-                  {"Run-time error '3021':\n\nEither BOF or EOF is True, or the current record has been deleted.", 16,
-                   "Vorlan"}}));
-}
-
-struct GuardCase {
-    const char* name;
-    std::function<void()> handler;
-    QString box;  // empty: no box
-};
-
-class GuardTest : public testing::TestWithParam<GuardCase> {};
-
-TEST_P(GuardTest, EscapingErrorsBecomeTheRunTimeErrorBox) {
-    MsgBoxRecorder recorder;
-    forms::guard(GetParam().handler);
-    if (GetParam().box.isEmpty()) {
-        EXPECT_TRUE(recorder.boxes().empty());
-    } else {
-        ASSERT_EQ(recorder.boxes().size(), 1u);
-        EXPECT_EQ(recorder.boxes()[0], (RecordedBox{GetParam().box, 16, "Vorlan"}));
+TEST(Guard, EscapingErrorsBecomeTheRunTimeErrorBox) {
+    const std::pair<std::function<void()>, QString> cases[] = {  // box text, empty: no box
+        {[] {}, ""},
+        {[] { throw basic::typeMismatch(); }, "Run-time error '13':\n\nType mismatch"},
+        {[] { throw std::runtime_error("disk full"); }, "Run-time error '5':\n\ndisk full"},
+        {[] { throw 42; }, "Run-time error '51':\n\nInternal error"}};
+    for (const auto& [handler, box] : cases) {
+        MsgBoxRecorder recorder;
+        forms::guard(handler);
+        EXPECT_EQ(recorder.boxes(), (box.isEmpty() ? std::vector<RecordedBox>{}
+                                                   : std::vector<RecordedBox>{{box, 16, "Vorlan"}}));
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Handlers, GuardTest,
-    testing::Values(GuardCase{"Quiet", [] {}, ""},
-                    GuardCase{"RuntimeError", [] { throw basic::typeMismatch(); },
-                              "Run-time error '13':\n\nType mismatch"},
-                    GuardCase{"StdException", [] { throw std::runtime_error("disk full"); },
-                              "Run-time error '5':\n\ndisk full"},
-                    GuardCase{"AnythingElse", [] { throw 42; }, "Run-time error '51':\n\nInternal error"}),
-    [](const testing::TestParamInfo<GuardCase>& info) { return std::string(info.param.name); });
 
 TEST(Wire, HandlerErrorStopsAtTheBoxAndTheSignalKeepsWorking) {
     MsgBoxRecorder recorder;

@@ -34,20 +34,16 @@ protected:
     QStringList events;
 };
 
-TEST_F(ToolbarClicks, PressGivesTheButtonsKey) {
+TEST_F(ToolbarClicks, PressGivesTheButtonsKeyUnlessDisabledOrHidden) {
     click("bac");
     click("Act");
     click("rul");   // the button part of a drop-down button
-    EXPECT_EQ(events, (QStringList{"bac", "Act", "rul"}));
-}
-
-TEST_F(ToolbarClicks, DisabledOrHiddenButtonGivesNothing) {
     toolbar.Buttons("Act").setEnabled(false);
     click("Act");
     toolbar.Buttons("bac").setVisible(false);
     QApplication::processEvents();
     EXPECT_FALSE(toolbar.widgetForAction(toolbar.Buttons("bac").action())->isVisible());
-    EXPECT_TRUE(events.isEmpty());
+    EXPECT_EQ(events, (QStringList{"bac", "Act", "rul"}));
 }
 
 TEST_F(ToolbarClicks, DropDownEntryGivesButtonAndEntryKeys) {
@@ -66,14 +62,7 @@ TEST_F(ToolbarClicks, ButtonsByKeyAndIndexAndTheirErrors) {
         {[&] { toolbar.Buttons("print"); }, 35601},
         {[&] { toolbar.Buttons(4); }, 35600},
         {[&] { toolbar.Buttons("rul").ButtonMenus().Add("CP", "twice"); }, 35602}};
-    for (const auto& [touch, number] : cases) {
-        try {
-            touch();
-            ADD_FAILURE() << "no error raised, expected " << number;
-        } catch (const basic::RuntimeError& e) {
-            EXPECT_EQ(e.number(), number);
-        }
-    }
+    for (const auto& [touch, number] : cases) EXPECT_EQ(basic::resume(touch).number(), number);
 }
 
 }  // namespace

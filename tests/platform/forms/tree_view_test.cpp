@@ -37,37 +37,30 @@ protected:
 };
 
 struct ClickCase {
-    const char* name;
     const char* key;
     bool doubleClick;
-    QStringList events;
 };
 
-class TreeViewClickTable : public TreeViewClicks, public testing::WithParamInterface<ClickCase> {};
+class TreeViewMouse : public TreeViewClicks, public testing::WithParamInterface<ClickCase> {};
 
-TEST_P(TreeViewClickTable, MouseGivesTheEventsWithTheNodeSelected) {
-    const ClickCase& c = GetParam();
-    // Through the window system, so that a double click arrives as a user's does:
-    // press, release, press, double click, release.
-    QWindow* window = tree.windowHandle();
-    const QPoint pos = tree.viewport()->mapTo(&tree, at(c.key));
-    if (c.doubleClick)
-        QTest::mouseDClick(window, Qt::LeftButton, {}, pos);
+// Through the window system, so that a double click arrives as a user's does: press, release, press,
+// double click, release. A double click is one click and one double click: no second Click on its release.
+TEST_P(TreeViewMouse, GivesTheEventsWithTheNodeSelected) {
+    const QString key = QString::fromUtf8(GetParam().key);
+    const QPoint pos = tree.viewport()->mapTo(&tree, at(key));
+    if (GetParam().doubleClick)
+        QTest::mouseDClick(tree.windowHandle(), Qt::LeftButton, {}, pos);
     else
-        QTest::mouseClick(window, Qt::LeftButton, {}, pos);
-    EXPECT_EQ(tree.SelectedItem().Key(), QString::fromUtf8(c.key));
-    EXPECT_EQ(events, c.events);
+        QTest::mouseClick(tree.windowHandle(), Qt::LeftButton, {}, pos);
+    EXPECT_EQ(tree.SelectedItem().Key(), key);
+    QStringList want{"NodeClick:" + key, "Click:" + key};
+    if (GetParam().doubleClick) want << "DblClick:" + key;
+    EXPECT_EQ(events, want);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Mouse, TreeViewClickTable,
-    testing::Values(ClickCase{"ClickOnState", "Ker", false, {"NodeClick:Ker", "Click:Ker"}},
-                    ClickCase{"ClickOnRoot", "One", false, {"NodeClick:One", "Click:One"}},
-                    // A double click is one click and one double click: no second Click on its release.
-                    ClickCase{"DoubleClickOnState", "And", true, {"NodeClick:And", "Click:And", "DblClick:And"}},
-                    ClickCase{"DoubleClickOnLastNode", "Centr", true,
-                              {"NodeClick:Centr", "Click:Centr", "DblClick:Centr"}}),
-    [](const testing::TestParamInfo<ClickCase>& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Clicks, TreeViewMouse,
+                         testing::Values(ClickCase{"Ker", false}, ClickCase{"One", false}, ClickCase{"And", true},
+                                         ClickCase{"Centr", true}));
 
 TEST_F(TreeViewClicks, ClickBesideTheNodesKeepsTheSelectionAndStillClicks) {
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, at("Ker"));
@@ -98,14 +91,7 @@ TEST(TreeViewNodes, KeysAndIndicesAndTheirErrors) {
         {[&] { tree.Nodes("cirsub"); }, 35601},
         {[&] { tree.Nodes(3); }, 35600},
         {[&] { tree.SelectedItem().Key(); }, 91}};   // nothing selected yet
-    for (const auto& [touch, number] : cases) {
-        try {
-            touch();
-            ADD_FAILURE() << "no error raised, expected " << number;
-        } catch (const basic::RuntimeError& e) {
-            EXPECT_EQ(e.number(), number);
-        }
-    }
+    for (const auto& [touch, number] : cases) EXPECT_EQ(basic::resume(touch).number(), number);
     EXPECT_EQ(tree.Nodes.Count(), 2);
 }
 

@@ -9,9 +9,8 @@
 namespace {
 
 TEST(Twips, ToPixelsRoundsToTheNearestPixel) {
-    const std::vector<std::pair<int, int>> cases{{0, 0},       {15, 1},      {7, 0},       {8, 1},
-                                                 {22, 1},      {23, 2},      {750, 50},    {1740, 116},
-                                                 {2590, 173},  {13650, 910}, {-15, -1},    {-8, -1}};
+    const std::vector<std::pair<int, int>> cases{{0, 0},       {15, 1},     {7, 0},    {8, 1},  {22, 1},  {23, 2},
+                                                 {750, 50},    {1740, 116}, {2590, 173}, {13650, 910}, {-15, -1}, {-8, -1}};
     for (const auto& [twips, pixels] : cases) EXPECT_EQ(forms::twips(twips), pixels) << twips;
 }
 

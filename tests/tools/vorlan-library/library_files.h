@@ -12,14 +12,10 @@ namespace libtest {
 inline const QString kSource = QStringLiteral(VORLAN_SOURCE_DIR "/data/library");
 
 struct LibraryFileName {
-    QString file;
-    QString password;
+    QString file, password;
 };
-inline void PrintTo(const LibraryFileName& f, std::ostream* os) { *os << f.file.toStdString(); }
-
-inline const LibraryFileName kFile1{"0909214SD01.mdb", "bergamot"};
-inline const LibraryFileName kFile2{"1309214SD02.mdb", "lantern"};
-inline const LibraryFileName kFile3{"1509214SD03.mdb", "marbled"};
+inline const LibraryFileName kFile1{"0909214SD01.mdb", "bergamot"}, kFile2{"1309214SD02.mdb", "lantern"},
+    kFile3{"1509214SD03.mdb", "marbled"};
 
 // Runs the builder in-process; err receives its messages.
 int build(const QStringList& arguments, QString* err = nullptr);
@@ -28,10 +24,12 @@ int build(const QStringList& arguments, QString* err = nullptr);
 QString sampleLibrary();
 QString syntheticLibrary();
 
-// Every row of a query, each row's columns as QVariant (Null as an invalid QVariant). The file is
-// opened with the key when the password is not empty. Throws std::runtime_error with SQLite's message.
-std::vector<QVariantList> query(const QString& path, const QString& password, const QString& sql,
+// Every row of a query on a file of the folder (Null as an invalid QVariant); throws std::runtime_error.
+std::vector<QVariantList> query(const QString& dir, const LibraryFileName& file, const QString& sql,
                                 const QVariantList& parameters = {});
+inline int count(const QString& dir, const LibraryFileName& file, const QString& sql, const QVariantList& p = {}) {
+    return query(dir, file, sql, p)[0][0].toInt();
+}
 
 // True when a query on the file succeeds with that key (empty: no key at all).
 bool readable(const QString& path, const QString& password);

@@ -1,0 +1,274 @@
+#include "housekeeping/frm_back_up_restore.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+
+#include "platform/basic/runtime_error.h"
+#include "platform/forms/msgbox.h"
+#include "platform/forms/runtime_errors.h"
+#include "platform/forms/timer.h"
+#include "platform/forms/twips.h"
+#include "platform/system/drives.h"
+#include "returns/module2.h"
+
+namespace housekeeping {
+
+namespace {
+
+const QString kFolder = QStringLiteral("Vorlan1BackUp");
+const QString kSuccessTitle = QStringLiteral("           Successfully      ");
+constexpr long kYellow = 65535, kGreen = 65280, kWhite = 16777215, kDarkBlue = 8388608;
+
+QColor fromVb(long bgr) { return QColor(int(bgr & 0xFF), int((bgr >> 8) & 0xFF), int((bgr >> 16) & 0xFF)); }
+long toVb(const QColor& c) { return long(c.red()) | long(c.green()) << 8 | long(c.blue()) << 16; }
+
+void setBackColor(QWidget* w, long bgr) {
+    QPalette p = w->palette();
+    p.setColor(QPalette::Button, fromVb(bgr));
+    w->setPalette(p);
+}
+
+void setForeColor(QWidget* w, long bgr) {
+    QPalette p = w->palette();
+    p.setColor(QPalette::WindowText, fromVb(bgr));
+    w->setPalette(p);
+}
+
+// The picture of Image1: a red disc with a white cross, the usual sign for "leave this".
+QPixmap cancelPicture() {
+    QPixmap pixmap(forms::twips(480), forms::twips(480));
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(QColor(200, 30, 30));
+    painter.setPen(Qt::NoPen);
+    painter.drawEllipse(pixmap.rect().adjusted(1, 1, -1, -1));
+    painter.setPen(QPen(Qt::white, 3));
+    const int m = pixmap.width() / 3;
+    painter.drawLine(m, m, pixmap.width() - m, pixmap.height() - m);
+    painter.drawLine(pixmap.width() - m, m, m, pixmap.height() - m);
+    return pixmap;
+}
+
+// Wait pointer for the length of a block.
+struct WaitPointer {
+    WaitPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitPointer() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+}  // namespace
+
+frmBackUpRestore::frmBackUpRestore(QWidget* parent) : QWidget(parent) {
+    setWindowTitle(QStringLiteral("    BackUp / Restore"));
+    setFixedSize(forms::twips(4290), forms::twips(2250));
+
+    Label2 = new QLabel(this);
+    Label2->setGeometry(forms::twips(240), forms::twips(240), forms::twips(2400), forms::twips(300));
+    QFont bold = Label2->font();
+    bold.setBold(true);
+    Label2->setFont(bold);
+    setForeColor(Label2, kWhite);
+    Label2->setAutoFillBackground(true);
+    QPalette back = Label2->palette();
+    back.setColor(QPalette::Window, QColor(0x40, 0x40, 0x40));
+    Label2->setPalette(back);
+
+    cboDrive = new QComboBox(this);
+    cboDrive->setEditable(true);
+    cboDrive->setInsertPolicy(QComboBox::NoInsert);
+    cboDrive->setGeometry(forms::twips(240), forms::twips(660), forms::twips(3000), forms::twips(315));
+
+    Command7 = new QPushButton(QStringLiteral("BackUp"), this);
+    Command7->setGeometry(forms::twips(240), forms::twips(1320), forms::twips(1455), forms::twips(495));
+    Command6 = new QPushButton(QStringLiteral("Restore"), this);
+    Command6->setGeometry(forms::twips(1785), forms::twips(1320), forms::twips(1455), forms::twips(495));
+    for (QPushButton* b : {Command7, Command6}) {
+        setBackColor(b, kGreen);
+        b->installEventFilter(this);
+    }
+
+    Image1 = new QLabel(this);
+    Image1->setPixmap(cancelPicture());
+    Image1->setToolTip(QStringLiteral("Click to Cancel"));
+    Image1->setCursor(Qt::PointingHandCursor);
+    Image1->setGeometry(forms::twips(3480), forms::twips(180), forms::twips(480), forms::twips(480));
+    Image1->installEventFilter(this);
+
+    Timer1 = new forms::Timer(this);
+    Timer1->setInterval(150);
+
+    forms::wire(cboDrive, &QComboBox::activated, this, [this] { cboDrive_Click(); });
+    forms::wire(cboDrive, &QComboBox::editTextChanged, this, [this] { cboDrive_Change(); });
+    cboDrive->lineEdit()->installEventFilter(this);
+    forms::wire(Command7, &QPushButton::clicked, this, [this] { Command7_Click(); });
+    forms::wire(Command6, &QPushButton::clicked, this, [this] { Command6_Click(); });
+    forms::wire(Timer1, &forms::Timer::Tick, this, [this] { Timer1_Timer(); });
+}
+
+void frmBackUpRestore::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (event->spontaneous()) return;
+    forms::guard([this] {
+        if (!loaded_) {
+            loaded_ = true;
+            Form_Load();
+        }
+        Form_Activate();
+    });
+}
+
+void frmBackUpRestore::closeEvent(QCloseEvent* event) {
+    // Closing unloads: the next showing loads the window again and so lets go of the return files.
+    loaded_ = false;
+    event->accept();
+}
+
+bool frmBackUpRestore::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        if (watched == Command6) forms::guard([this] { Command6_GotFocus(); });
+        if (watched == Command7) forms::guard([this] { Command7_GotFocus(); });
+        break;
+    case QEvent::FocusOut:
+        if (watched == Command6) forms::guard([this] { Command6_LostFocus(); });
+        if (watched == Command7) forms::guard([this] { Command7_LostFocus(); });
+        break;
+    case QEvent::MouseButtonRelease:
+        if (watched == Image1 && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            forms::guard([this] { Image1_Click(); });
+            return true;
+        }
+        break;
+    case QEvent::KeyPress:
+        if (watched == cboDrive->lineEdit()) {
+            const auto* key = static_cast<QKeyEvent*>(event);
+            const int ascii = (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
+                                  ? 13
+                                  : (key->text().isEmpty() ? 0 : int(key->text().at(0).unicode()));
+            if (ascii) forms::guard([this, ascii] { cboDrive_KeyPress(ascii); });
+        }
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void frmBackUpRestore::Form_Load() {
+    // The files are copied whole, so nothing of the program may hold them open.
+    returns::ReleaseReturnStores();
+    move(forms::twips(8770), forms::twips(970));
+}
+
+void frmBackUpRestore::procDriveList() {
+    // The list is not cleared first: each activation adds the drives once more.
+    for (const QString& drive : sys::LogicalDriveStrings()) cboDrive->addItem(drive);
+}
+
+QString frmBackUpRestore::fnBackUpExists(QComboBox* box) {
+    QString found = QStringLiteral("NIL");
+    for (int i = 0; i < box->count(); ++i)
+        if (fso.FolderExists(box->itemText(i) + kFolder)) found = box->itemText(i);  // case kept: see Form_Activate
+    return found;
+}
+
+void frmBackUpRestore::Form_Activate() {
+    procDriveList();
+    cboDrive->setCurrentIndex(0);
+    fso = sys::FileSystemObject(copyBytes);
+    WaitPointer wait;
+    for (int i = 0; i < cboDrive->count(); ++i) {
+        // Drive roots of the old platform knew no case, so upper-casing one changed only its looks;
+        // mount points do know case, so the root is kept as listed. The last drive with the folder wins.
+        if (fso.FolderExists(cboDrive->itemText(i) + kFolder)) {
+            backupDrive = cboDrive->itemText(i);
+            cboDrive->setCurrentText(backupDrive);
+        }
+    }
+    if (!backupDrive.isEmpty()) {
+        cboDrive->setVisible(true);
+        Label2->setVisible(true);
+        Label2->setText(QStringLiteral("BackUp  Path "));
+        // The drive of an existing backup is not the user's to change.
+        cboDrive->setEnabled(false);
+    } else {
+        Label2->setText(QStringLiteral("Select  Path"));
+    }
+}
+
+void frmBackUpRestore::cboDrive_Click() { selectedDrive = cboDrive->currentText(); }
+
+void frmBackUpRestore::cboDrive_Change() {}
+
+void frmBackUpRestore::cboDrive_KeyPress(int keyAscii) {
+    if (keyAscii == 13) Command7->setFocus();
+}
+
+void frmBackUpRestore::Command7_Click() {
+    auto box = [] { forms::MsgBox(QStringLiteral(" File  is Backed Up"), forms::vbInformation, kSuccessTitle); };
+    if (!backupDrive.isEmpty()) {
+        const basic::RuntimeError e = basic::resume([&] {
+            fso.CopyFile(QStringLiteral("TAXDATA.mdb"), backupDrive + kFolder + "\\TAXDATA.mdb", true);
+            fso.CopyFile(QStringLiteral("nwForm10DB.mdb"), backupDrive + kFolder + "\\nwForm10DB.mdb", true);
+            Label2->setText(QStringLiteral("BackUp  Path "));
+            box();
+            Label2->setText(QStringLiteral("BackUp  Path "));
+        });
+        if (e.number()) forms::MsgBox(e.description());
+        return;
+    }
+    // Not caught: a folder that cannot be made (or is there already) ends in the run-time error box.
+    fso.CreateFolder(selectedDrive + kFolder);
+    const basic::RuntimeError e = basic::resume([&] {
+        fso.CopyFile(QStringLiteral("TAXDATA.mdb"), selectedDrive + kFolder + "\\TAXDATA.mdb", true);
+        fso.CopyFile(QStringLiteral("nwForm10DB.mdb"), selectedDrive + kFolder + "\\nwForm10DB.mdb", true);
+        box();
+    });
+    if (e.number()) forms::MsgBox(e.description());
+}
+
+void frmBackUpRestore::Command6_Click() {
+    // No question first and no reconnecting after: each store operation connects anew.
+    const basic::RuntimeError e = basic::resume([&] {
+        for (const char* file : {"TAXDATA.mdb", "nwForm10DB.mdb", "Form10Data.mdb"})
+            fso.CopyFile(backupDrive + kFolder + "\\" + QLatin1String(file), QLatin1String(file), true);
+        forms::MsgBox(QStringLiteral("File is   Restored    "), forms::vbInformation, kSuccessTitle);
+    });
+    if (e.number()) forms::MsgBox(e.description(), forms::vbCritical, QStringLiteral("Error"));
+}
+
+void frmBackUpRestore::Command6_GotFocus() { setBackColor(Command6, kYellow); }
+void frmBackUpRestore::Command6_LostFocus() { setBackColor(Command6, kGreen); }
+void frmBackUpRestore::Command7_GotFocus() { setBackColor(Command7, kYellow); }
+void frmBackUpRestore::Command7_LostFocus() { setBackColor(Command7, kGreen); }
+
+void frmBackUpRestore::Image1_Click() {
+    loaded_ = false;
+    hide();
+}
+
+void frmBackUpRestore::Timer1_Timer() {
+    // Three ticks shown, one hidden.
+    if (blinkCount <= 2) {
+        setForeColor(Label2, kWhite);
+        Label2->setVisible(true);
+        ++blinkCount;
+    } else {
+        setForeColor(Label2, kDarkBlue);
+        Label2->setVisible(false);
+        blinkCount = 0;
+    }
+}
+
+long frmBackUpRestore::BackColor(const QWidget* control) { return toVb(control->palette().color(QPalette::Button)); }
+long frmBackUpRestore::ForeColor(const QWidget* control) {
+    return toVb(control->palette().color(QPalette::WindowText));
+}
+
+}  // namespace housekeeping

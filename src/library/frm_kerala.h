@@ -1,0 +1,108 @@
+#pragma once
+// frmkerala, "Kerala": the law browser of the state. Its toolbar puts one of seven category trees in front
+// (the tree page, Frame1) or opens a grid straight away; the list page (Frame2) holds the section list
+// that some nodes fill. The window lives for the whole run: leaving it hides it and brings "main" back.
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QString>
+#include <QWidget>
+#include <cstdint>
+
+#include "platform/forms/image_list.h"
+#include "platform/forms/tree_view.h"
+
+namespace forms {
+class ListBox;
+class StatusBar;
+class Toolbar;
+}  // namespace forms
+
+namespace library {
+
+class frmGlobalSections;
+
+class frmkerala : public QWidget {
+    Q_OBJECT
+public:
+    explicit frmkerala(QWidget* parent = nullptr);
+
+    // ---- controls -----------------------------------------------------------------------------------
+    forms::Toolbar* Toolbar2 = nullptr;
+    forms::StatusBar* StatusBar1 = nullptr;
+    QGroupBox* Frame1 = nullptr;
+    forms::TreeView *Tvw = nullptr, *tvw2 = nullptr, *tvwc = nullptr, *tvwn = nullptr, *tvw3 = nullptr,
+                    *tvwr = nullptr, *tvwali = nullptr;
+    QGroupBox* Frame2 = nullptr;
+    QLabel* Label1 = nullptr;
+    QLineEdit* Text3 = nullptr;
+    QPushButton* Cmdwordsearch = nullptr;
+    QLineEdit* Text1 = nullptr;
+    forms::ListBox* List1 = nullptr;
+    QPushButton *cmdactgo = nullptr, *cmdrulego = nullptr, *cmdshgo = nullptr, *judgo = nullptr,
+                *formsgo = nullptr, *rngo = nullptr, *Command1 = nullptr, *notGo = nullptr, *aligo = nullptr;
+    QPushButton *cmdactback = nullptr, *cmdruleback = nullptr, *cmdshback = nullptr, *judback = nullptr,
+                *formsback = nullptr, *rnback = nullptr, *Command4 = nullptr, *notBack = nullptr,
+                *aliback = nullptr;
+    forms::ImageList ImageList1;    // the two node pictures: 1 closed, 2 selected
+    forms::ImageList ImageList2;    // the eleven toolbar pictures
+
+    // ---- state --------------------------------------------------------------------------------------
+    QString CurrentToolbarKey;
+    forms::Node LastRootNode;
+    std::int16_t ResizeValue = 0;
+
+    // The grids, one per catalogue entry, made on their first opening and kept for the run.
+    frmGlobalSections *ObjActGlobalSections = nullptr, *ObjRuleGlobalSections = nullptr,
+                      *ObjFormGlobalSections = nullptr, *ObjScheduleGlobalSection = nullptr,
+                      *gsCircularNumber = nullptr, *gsCircularSubject = nullptr, *gsCircularSection = nullptr,
+                      *gsJudgmentCitation = nullptr, *gsJudgmentSection = nullptr, *gsJudgmentSubject = nullptr,
+                      *gsArJudgmentCitation = nullptr, *gsArJudgmentSection = nullptr,
+                      *gsArJudgmentSubject = nullptr, *gsNotificationNumber = nullptr,
+                      *gsNotificationSubject = nullptr, *gsNotificationSection = nullptr,
+                      *ObjSectionIndexKGSTGB = nullptr, *ObjGenSaleTaxActGB = nullptr,
+                      *ObjGSTPaperReportGB = nullptr, *ObjGSTRuleGB = nullptr, *ObjAlliedActGB = nullptr,
+                      *ObjAlliedRuleGB = nullptr, *ObjAlliedFormsGB = nullptr, *ObjAlliedCircularsGB = nullptr,
+                      *ObjAlliedNotificationsGB = nullptr, *ObjCAMenuItemGlobalSection = nullptr;
+
+    // ---- window events ------------------------------------------------------------------------------
+    void Form_Load();
+    void Form_Resize();
+    // UnloadMode 0 is the window's own close box; every other mode passes.
+    void Form_QueryUnload(bool& Cancel, int UnloadMode);
+    void Form_MouseDown();
+    void Toolbar2_ButtonClick(const QString& key);
+
+    // ---- trees --------------------------------------------------------------------------------------
+    void Tvw_KeyDown(int KeyCode, int Shift);
+    void Tvw_MouseDown();
+    void Tvw_MouseMove();
+    // The grid-opening handlers; they come to life with the grid window and do nothing until then.
+    void Tvw_DblClick();
+    void tvw2_DblClick();
+    void tvwc_DblClick();
+    void tvwn_DblClick();
+    void tvw3_DblClick();
+    void tvwr_DblClick();
+    void tvwali_Click();
+    void LOAD_CA_MENU_GRID();
+    void SHOW_CA_MENU_GRID();
+
+    // Mode 0 registers the component file, mode 1 unregisters it; any other mode gives 0 and calls nothing.
+    void RegisterComponent(const QString& fileName, int mode, std::int32_t& result);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    void buildControls();
+    void fillTrees();
+    void showTree(forms::TreeView* tree, bool takeFocus);
+    void openScheduleGrid();
+    void openFormsGrid();
+};
+
+}  // namespace library

@@ -1,0 +1,205 @@
+// frmBackUpRestore: the drive list, where the backup goes, what comes back, and the boxes on the way.
+#include "housekeeping/frm_back_up_restore.h"
+
+#include "platform/basic/app_path.h"
+#include "platform/basic/runtime_error.h"
+#include "platform/forms/msgbox.h"
+#include "platform/store/recordset.h"
+#include "platform/system/drives.h"
+#include "returns/module2.h"
+#include "returns/return_schema.h"
+#include "support/printers.h"
+#include "support/qt_app.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using housekeeping::frmBackUpRestore;
+using Boxes = std::vector<forms::RecordedBox>;
+
+namespace {
+
+const QString kTitle = QStringLiteral("           Successfully      ");
+const forms::RecordedBox kNotFound{"File not found", 16, "Error"};
+
+struct FolderDrives : sys::DriveLister {
+    QStringList roots;
+    QStringList LogicalDriveStrings() override { return roots; }
+};
+
+QByteArray bytes(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
+}
+
+void write(const QString& path, const QByteArray& content) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(content);
+}
+
+class BackUpRestore : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ensureApp();
+        program = root.filePath("program");
+        for (const char* d : {"program", "c", "d", "e"}) QDir(root.path()).mkdir(d);
+        basic::SetAppPath(program);
+        returns::CreateReturnStores(program);
+        for (const char* d : {"c", "d", "e"}) drives.roots << root.filePath(d) + "/";
+        before = sys::setDriveLister(&drives);
+    }
+    void TearDown() override {
+        sys::setDriveLister(before);
+        returns::ReleaseReturnStores();
+        returns::rsLookup = returns::rsBills = returns::rsReport = store::Recordset::nothing();
+    }
+    QString backup(const char* drive, const char* file = "") const {
+        return root.filePath(QString(drive) + "/Vorlan1BackUp/" + file);
+    }
+    QString inProgram(const char* file) const { return program + "/" + file; }
+
+    QTemporaryDir root;
+    QString program;
+    FolderDrives drives;
+    sys::DriveLister* before = nullptr;
+    forms::MsgBoxRecorder boxes;
+};
+
+// Opening takes the last drive holding the backup folder and locks the choice to it; each opening adds
+// the drives to the list once more, and each loading lets go of the return store.
+TEST_F(BackUpRestore, OpeningFindsTheBackupDrive) {
+    struct {
+        std::vector<const char*> withFolder;
+        int found;  // index into the drives, -1 for none
+    } cases[] = {{{}, -1}, {{"d"}, 1}, {{"c", "e"}, 2}};
+    for (const auto& c : cases) {
+        for (const char* d : c.withFolder) QDir().mkpath(backup(d));
+        const QString found = c.found < 0 ? QString() : drives.roots[c.found];
+        frmBackUpRestore w;
+        for (int opening = 1; opening <= 2; ++opening) {
+            returns::ConnectReturnStore();
+            w.show();
+            EXPECT_EQ(returns::cnReturn.State(), 0);
+            EXPECT_EQ(w.backupDrive, found);
+            EXPECT_EQ(w.Label2->text(), c.found < 0 ? "Select  Path" : "BackUp  Path ");
+            EXPECT_EQ(w.cboDrive->isEnabled(), c.found < 0);
+            EXPECT_EQ(w.cboDrive->currentText(), c.found < 0 ? drives.roots[0] : found);
+            EXPECT_EQ(w.fnBackUpExists(w.cboDrive), c.found < 0 ? "NIL" : found);
+            ASSERT_EQ(w.cboDrive->count(), 3 * opening);
+            for (int i = 0; i < 3 * opening; ++i) EXPECT_EQ(w.cboDrive->itemText(i), drives.roots[i % 3]);
+            QTest::mouseClick(w.Image1, Qt::LeftButton);
+            EXPECT_FALSE(w.isVisible());
+        }
+        for (const char* d : c.withFolder) QDir(backup(d)).removeRecursively();
+    }
+}
+
+// A backup to a chosen drive, a month changed, a restore: the month is back, and the restore stops at
+// Form10Data.mdb, which no backup holds.
+TEST_F(BackUpRestore, RoundTripBringsBackAChangedMonth) {
+    auto salesRows = [] {
+        returns::ConnectReturnStore();
+        store::Recordset rs;
+        rs.Open("SELECT * FROM tblSales", returns::cnReturn, store::Recordset::adOpenStatic,
+                store::Recordset::adLockReadOnly);
+        const int n = rs.RecordCount();
+        rs.Close();
+        returns::ReleaseReturnStores();
+        return n;
+    };
+    frmBackUpRestore w;
+    w.show();
+    w.cboDrive->setCurrentIndex(1);
+    emit w.cboDrive->activated(1);
+    QTest::mouseClick(w.Command7, Qt::LeftButton);
+    EXPECT_EQ(QDir(backup("d")).entryList(QDir::Files), QStringList({"nwForm10DB.mdb", "TAXDATA.mdb"}));
+    // A second press in the same opening cannot make the folder again, and nothing catches that.
+    QTest::mouseClick(w.Command7, Qt::LeftButton);
+
+    returns::ConnectReturnStore();
+    returns::cnReturn.Execute("INSERT INTO tblSales (cMonth) VALUES ('March')");
+    ASSERT_EQ(salesRows(), 1);
+
+    QTest::mouseClick(w.Image1, Qt::LeftButton);
+    w.show();
+    QTest::mouseClick(w.Command6, Qt::LeftButton);
+    EXPECT_EQ(salesRows(), 0);
+    const Boxes expected{{" File  is Backed Up", 64, kTitle},
+                         {"Run-time error '58':\n\nFile already exists", 16, "Vorlan"},
+                         kNotFound};
+    EXPECT_EQ(boxes.boxes(), expected);
+}
+
+// The restore copies in its order and stops at the first file it cannot copy; what came back stays.
+TEST_F(BackUpRestore, RestoreStopsAtTheMissingFile) {
+    const char* files[] = {"TAXDATA.mdb", "nwForm10DB.mdb", "Form10Data.mdb"};
+    struct {
+        int inBackup;  // the first so many files
+        int restored;
+        forms::RecordedBox box;
+    } cases[] = {{2, 2, kNotFound}, {3, 3, {"File is   Restored    ", 64, kTitle}}, {0, 0, kNotFound}};
+    for (const auto& c : cases) {
+        for (const char* f : files) write(inProgram(f), QByteArray("now ") + f);
+        for (int i = 0; i < c.inBackup; ++i) write(backup("e", files[i]), QByteArray("saved ") + files[i]);
+        frmBackUpRestore w;
+        w.show();
+        boxes.clear();
+        QTest::mouseClick(w.Command6, Qt::LeftButton);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(bytes(inProgram(files[i])), QByteArray(i < c.restored ? "saved " : "now ") + files[i]);
+        EXPECT_EQ(boxes.boxes(), Boxes{c.box});
+        QDir(backup("e")).removeRecursively();
+    }
+}
+
+// A copy that fails half-way leaves the old backup of that file whole and no stray file beside it.
+TEST_F(BackUpRestore, InterruptedBackupLeavesTheOldOneWhole) {
+    write(backup("c", "TAXDATA.mdb"), "old tax");
+    write(backup("c", "nwForm10DB.mdb"), "old returns");
+    int calls = 0;
+    frmBackUpRestore w;
+    w.copyBytes = [&calls](QIODevice& from, QIODevice& to) {
+        if (++calls == 1) return sys::copyAllBytes(from, to);
+        to.write(from.read(from.size() / 2));
+        throw basic::RuntimeError(61, "Disk full");
+    };
+    w.show();
+    QTest::mouseClick(w.Command7, Qt::LeftButton);
+    EXPECT_EQ(bytes(backup("c", "TAXDATA.mdb")), bytes(inProgram("TAXDATA.mdb")));
+    EXPECT_EQ(bytes(backup("c", "nwForm10DB.mdb")), "old returns");
+    EXPECT_EQ(QDir(backup("c")).entryList(QDir::Files | QDir::Hidden).size(), 2);
+    EXPECT_EQ(boxes.boxes(), (Boxes{{"Disk full", 0, "Vorlan"}}));
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    EXPECT_TRUE(w.grab().save(dir + "/frmBackUpRestore.png"));
+}
+
+// The label shows for three ticks and hides for one; a button is yellow while it has the focus.
+TEST_F(BackUpRestore, BlinkAndFocusColours) {
+    frmBackUpRestore w;
+    w.show();
+    w.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&w));
+    for (bool shown : {true, true, true, false, true, true, true, false}) {
+        w.Timer1_Timer();
+        EXPECT_EQ(w.Label2->isVisible(), shown);
+        EXPECT_EQ(frmBackUpRestore::ForeColor(w.Label2), shown ? 16777215 : 8388608);
+    }
+    w.cboDrive->setFocus();
+    QTest::keyClick(w.cboDrive->lineEdit(), Qt::Key_Return);
+    EXPECT_TRUE(w.Command7->hasFocus());
+    EXPECT_EQ(frmBackUpRestore::BackColor(w.Command7), 65535);
+    w.Command6->setFocus();
+    EXPECT_EQ(frmBackUpRestore::BackColor(w.Command7), 65280);
+    EXPECT_EQ(frmBackUpRestore::BackColor(w.Command6), 65535);
+}
+
+}  // namespace

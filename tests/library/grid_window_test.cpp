@@ -1,0 +1,246 @@
+// frmGlobalSections on the sample library, driven as a user drives it.
+#include "library_window_fixture.h"
+
+#include <QDir>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "platform/forms/msgbox.h"
+#include "platform/forms/twips.h"
+
+using library::frmGlobalSections;
+
+namespace {
+
+const QString kActList = QStringLiteral(
+    "SELECT name & ' ' & SecDesc AS Search, name, SecDesc, id FROM Kerala WHERE type='Act' ORDER BY id");
+
+}  // namespace
+
+class GridWindow : public LibraryWindows {
+protected:
+    // The calling order of every owner: properties, then LoadGridData.
+    frmGlobalSections* open(const QString& query, bool dontShow = false) {
+        auto* w = new frmGlobalSections;
+        owned.reset(w);
+        w->setDontShowOleForm(dontShow);
+        w->setRecSet(shell::getRecordSetByCn(query, shell::cnLibrary1));
+        w->setHeader(QStringLiteral("Sections"));
+        w->setAutoSizeColumnIndex(2);
+        w->setSearchColumnIndex(1);
+        w->setDetailIndex(2);
+        w->setHiddenIDIndex(3);
+        w->setConnectionString(shell::strLibraryCn1);
+        w->setOleTableName(QStringLiteral("Kerala"));
+        w->setOleColumnName(QStringLiteral("fname"));
+        w->setPredicateColumnName(QStringLiteral("name"));
+        w->setPredicateValueColumnIndex(1);
+        w->LoadGridData();
+        return w;
+    }
+    std::unique_ptr<frmGlobalSections> owned;
+};
+
+TEST_F(GridWindow, EmptyListLeavesGoDisabledAndDoubleClicksDoNothing) {
+    auto* w = open(QStringLiteral("SELECT name AS Search, name, SecDesc, id FROM Kerala WHERE 1=0"));
+    int go = 0;
+    QObject::connect(w, &frmGlobalSections::GoClicked, [&] { ++go; });
+    EXPECT_FALSE(w->cmdGO->isEnabled());
+    EXPECT_TRUE(w->txtDetail->toPlainText().isEmpty());
+    EXPECT_TRUE(w->DataGrid1->Bookmark().isNull());
+    w->show();
+    QTest::mouseDClick(w->DataGrid1->viewport(), Qt::LeftButton);
+    QTest::mouseDClick(w->txtSearch, Qt::LeftButton);
+    QTest::mouseDClick(w->txtDetail->viewport(), Qt::LeftButton);
+    EXPECT_EQ(go, 0);
+    EXPECT_FALSE(forms::exists(QStringLiteral("keralaforms")));
+}
+
+TEST_F(GridWindow, LoadHidesTheSearchColumnAndTheKeyButKeepsALoneColumn) {
+    struct Case { QString query; int hiddenId; std::vector<bool> visible; };
+    const std::vector<Case> cases = {
+        {kActList, 3, {false, true, true, false}},
+        {kActList, 9, {false, true, true, true}},           // out of range hides nothing more
+        {QStringLiteral("SELECT name FROM Kerala WHERE type='Act'"), -1, {true}},
+    };
+    for (const Case& c : cases) {
+        auto* w = open(c.query);
+        w->setHiddenIDIndex(c.hiddenId);
+        w->LoadGridData();
+        ASSERT_EQ(w->DataGrid1->ColumnCount(), int(c.visible.size())) << c.query.toStdString();
+        for (int i = 0; i < w->DataGrid1->ColumnCount(); ++i) {
+            EXPECT_EQ(w->DataGrid1->ColumnVisible(i), c.visible[size_t(i)]) << c.query.toStdString() << " column " << i;
+            EXPECT_EQ(w->DataGrid1->isColumnHidden(i), !c.visible[size_t(i)]);
+            EXPECT_TRUE(w->DataGrid1->ColumnLocked(i));
+        }
+        EXPECT_TRUE(w->cmdGO->isEnabled());
+    }
+}
+
+TEST_F(GridWindow, AutoSizeColumnFillsTheFreeWidthOnlyForAnIndexAboveZero) {
+    for (int index : {0, 2, 4}) {
+        auto* w = open(kActList);
+        w->resize(forms::twips(12000), forms::twips(9000));
+        w->DataGrid1->setColumnWidth(1, 1000);
+        w->DataGrid1->setColumnWidth(2, 2000);
+        w->setAutoSizeColumnIndex(std::int16_t(index));
+        w->AutoSizeColumn();
+        const int others = 1000 + 273;   // columns 0 and 3 are hidden at width 0
+        const std::vector<int> widths = {0, 1000, 2000, 0};
+        for (int c = 0; c < 4; ++c) {
+            const bool sized = c == index && index > 0 && index < 4;
+            const int expected = sized ? w->DataGrid1->Width() - others : widths[size_t(c)];
+            EXPECT_EQ(w->DataGrid1->ColumnWidth(c), expected) << "index " << index << " column " << c;
+        }
+    }
+}
+
+TEST_F(GridWindow, DetailFollowsTheRowAndArrowsInTheSearchBoxStopAtTheEnds) {
+    auto* w = open(kActList);
+    w->show();
+    const long rows = w->DataGrid1->RowCount();
+    ASSERT_GT(rows, 2);
+    EXPECT_EQ(w->DataGrid1->Row(), 0);
+    EXPECT_EQ(w->txtDetail->toPlainText(), w->DataGrid1->ColumnText(2));
+    QTest::keyClick(w->txtSearch, Qt::Key_Up);
+    EXPECT_EQ(w->DataGrid1->Row(), 0);
+    for (long i = 0; i < rows + 3; ++i) QTest::keyClick(w->txtSearch, Qt::Key_Down);
+    EXPECT_EQ(w->DataGrid1->Row(), rows - 1);
+    EXPECT_EQ(w->DataGrid1->SelBookmarksCount(), 1);
+    EXPECT_EQ(w->DataGrid1->SelBookmarks(0), w->DataGrid1->Bookmark());
+    EXPECT_EQ(w->txtDetail->toPlainText(), w->DataGrid1->ColumnText(2));
+    EXPECT_TRUE(w->txtSearch->text().isEmpty());
+}
+
+TEST_F(GridWindow, TypingGoesToTheSearchBoxUnlessCtrlIsDown) {
+    auto* w = open(kActList);
+    w->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(w));
+    for (bool ctrl : {true, false}) {
+        w->DataGrid1->setFocus();
+        ASSERT_TRUE(w->DataGrid1->hasFocus());
+        QTest::keyClick(w->DataGrid1, Qt::Key_A, ctrl ? Qt::ControlModifier : Qt::NoModifier);
+        EXPECT_EQ(w->DataGrid1->hasFocus(), ctrl);
+        EXPECT_EQ(w->txtSearch->hasFocus(), !ctrl);
+    }
+}
+
+TEST_F(GridWindow, CtrlBackspaceEmptiesTheSearchBox) {
+    auto* w = open(kActList);
+    w->show();
+    QTest::keyClicks(w->txtSearch, QStringLiteral("def"));
+    QTest::keyClick(w->txtSearch, Qt::Key_Backspace);
+    EXPECT_EQ(w->txtSearch->text(), QStringLiteral("de"));
+    QTest::keyClick(w->txtSearch, Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(w->txtSearch->text(), QString());
+}
+
+TEST_F(GridWindow, CloseBoxAndBackHideAndRaiseBackClickedKeepingTheFilter) {
+    auto* w = open(kActList);
+    QSignalSpy back(w, &frmGlobalSections::BackClicked);
+    w->show();
+    const long all = w->DataGrid1->RowCount();
+    w->txtSearch->setText(QStringLiteral("defin"));
+    const long filtered = w->DataGrid1->RowCount();
+    EXPECT_LT(filtered, all);
+    w->close();
+    EXPECT_FALSE(w->isVisible());
+    w->show();
+    w->cmdBack->click();
+    EXPECT_FALSE(w->isVisible());
+    ASSERT_EQ(back.count(), 2);
+    EXPECT_EQ(back[0][0].value<frmGlobalSections*>(), w);
+    w->show();
+    EXPECT_EQ(w->txtSearch->text(), QStringLiteral("defin"));
+    EXPECT_EQ(w->DataGrid1->RowCount(), filtered);
+}
+
+TEST_F(GridWindow, ARowDraggedOutOfItsBoundsFallsBack) {
+    auto* w = open(kActList);
+    w->show();
+    const std::vector<std::pair<int, int>> cases = {{1500, 1000}, {100, 300}, {600, 600}};
+    for (auto [dragged, expected] : cases) {
+        w->DataGrid1->verticalHeader()->resizeSection(1, forms::twips(dragged));
+        EXPECT_EQ(w->DataGrid1->RowHeight(), expected) << dragged;
+        EXPECT_EQ(w->DataGrid1->rowHeight(0), forms::twips(expected));
+        EXPECT_EQ(w->DataGrid1->rowHeight(1), forms::twips(expected));
+    }
+}
+
+TEST_F(GridWindow, GoRaisesGoClickedWithTheKeyAndTheQueryWhenTheOwnerShows) {
+    auto* w = open(kActList, true);
+    w->setAdditionalSearchConditions(QStringLiteral("  and type='Act' "));
+    basic::Variant seen;
+    frmGlobalSections* from = nullptr;
+    QObject::connect(w, &frmGlobalSections::GoClicked, [&](frmGlobalSections* frm, basic::Variant& value) {
+        from = frm;
+        seen = value;
+    });
+    w->DataGrid1->setRow(1);
+    w->cmdGO->click();
+    EXPECT_EQ(from, w);
+    EXPECT_EQ(basic::CStr(seen), w->DataGrid1->ColumnText(1));
+    EXPECT_EQ(w->QueryString(), QStringLiteral("select fname from Kerala where name='") + basic::CStr(seen) +
+                                    QStringLiteral("' and type='Act'"));
+    EXPECT_FALSE(forms::exists(QStringLiteral("keralaforms")));
+}
+
+TEST_F(GridWindow, GoShowsTheDocumentOrTheStandByOne) {
+    // The row with the key "2" has its document; a key with no row falls to the stand-by document.
+    auto* w = open(kActList);
+    w->setSearchColumnIndex(2);
+    w->txtSearch->setText(QStringLiteral("Definitions"));
+    ASSERT_EQ(w->DataGrid1->ColumnText(1), QStringLiteral("2"));
+    QTest::mouseDClick(w->txtDetail->viewport(), Qt::LeftButton);
+    ASSERT_TRUE(forms::exists(QStringLiteral("keralaforms")));
+    EXPECT_TRUE(kf()->isVisible());
+    EXPECT_EQ(kf()->MSRDC1->SQL(), QStringLiteral("select fname from Kerala where name='2' "));
+    EXPECT_EQ(kf()->MSRDC1->Connect(), shell::strLibraryCn1);
+    EXPECT_EQ(kf()->OLE1->DataField(), QStringLiteral("fname"));
+    EXPECT_TRUE(kf()->OLE1->plainText().contains(QStringLiteral("Definitions"), Qt::CaseInsensitive));
+
+    w->setOleTableName(QStringLiteral("Globalvat"));
+    w->cmdGO_Click();
+    EXPECT_TRUE(kf()->MSRDC1->SQL().contains(QStringLiteral("'default'")));
+    EXPECT_FALSE(kf()->OLE1->document().isEmpty());
+}
+
+TEST_F(GridWindow, GoOnAKeyWithAnApostropheShowsItsBox) {
+    auto* w = open(QStringLiteral("SELECT 'x' AS Search, 'O''Brien' AS K"));
+    w->setPredicateValueColumnIndex(1);
+    forms::MsgBoxRecorder boxes;
+    w->cmdGO_Click();
+    ASSERT_EQ(boxes.boxes().size(), 2u);   // the shell's own box, then ours
+    EXPECT_TRUE(boxes.boxes()[1].text.startsWith(QStringLiteral("Error on cmdGO_Click() \n")));
+    EXPECT_EQ(boxes.boxes()[1].style, 0);
+    EXPECT_EQ(boxes.boxes()[1].title, forms::standardTitle());
+}
+
+// The pick list and the document window as a user sees them; VORLAN_SCREENS=1 keeps the pictures in docs/.
+TEST_F(GridWindow, ScreensOfThePickListAndOfAnRtfAndAnHtmlDocument) {
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    QDir().mkpath(dir);
+    auto* w = open(kActList);
+    w->setHeader(QStringLiteral("Sections of the Act"));
+    w->resize(forms::twips(13500), forms::twips(8000));
+    w->show();
+    QTest::keyClick(w->txtSearch, Qt::Key_Down);
+    EXPECT_TRUE(w->grab().save(dir + "/frmGlobalSections.png"));
+
+    struct Case { QString key; documents::Kind kind; QString file; };
+    for (const Case& c : {Case{"1", documents::Kind::Rtf, "keralaforms-rtf.png"},
+                          Case{"2", documents::Kind::Html, "keralaforms-html.png"}}) {
+        w->setSearchColumnIndex(1);
+        w->txtSearch->setText(c.key);
+        while (w->DataGrid1->ColumnText(1) != c.key) QTest::keyClick(w->txtSearch, Qt::Key_Down);
+        w->cmdGO_Click();
+        EXPECT_EQ(kf()->OLE1->kind(), c.kind) << c.file.toStdString();
+        kf()->resize(forms::twips(13000), forms::twips(8000));
+        EXPECT_TRUE(kf()->grab().save(dir + "/" + c.file));
+    }
+}

@@ -1,0 +1,98 @@
+// The document window: hiding by Back, Esc and the close box, the way back, the sliding hint, the layout.
+#include "library_window_fixture.h"
+
+#include <QLabel>
+#include <QTest>
+#include <QToolButton>
+
+#include "platform/documents/full_viewer.h"
+#include "platform/forms/msgbox.h"
+#include "platform/forms/twips.h"
+
+using forms::toTwips;
+
+TEST_F(LibraryWindows, BackEscAndTheCloseBoxHideAndShowTheStateBrowserOnlyForKerala) {
+    const std::vector<std::int16_t> states = {14, 3};
+    for (std::int16_t state : states) {
+        shell::currentStateNo = state;
+        for (int way = 0; way < 3; ++way) {
+            QWidget* browser = forms::get(QStringLiteral("frmkerala"));
+            browser->hide();
+            kf()->show();
+            if (way == 0) kf()->Picture4->click();
+            if (way == 1) QTest::keyClick(kf(), Qt::Key_Escape);
+            if (way == 2) {
+                EXPECT_FALSE(kf()->close());
+            }
+            EXPECT_FALSE(kf()->isVisible()) << state << " way " << way;
+            EXPECT_EQ(browser->isVisible(), state == 14) << state << " way " << way;
+        }
+    }
+    shell::currentStateNo = 14;
+}
+
+TEST_F(LibraryWindows, TheHintTurnsAtTheRightEdgeAndAtZero) {
+    auto* w = kf();
+    w->Timer1->setEnabled(false);   // stepped by hand here
+    w->Label1->move(0, w->Label1->y());
+    w->Timer1->setEnabled(true);
+    int steps = 0;
+    while (w->Timer1->Enabled() && steps < 1000) {
+        w->Timer1_Timer();
+        ++steps;
+    }
+    EXPECT_TRUE(w->Timer2->Enabled());
+    EXPECT_GE(toTwips(w->Label1->x()), toTwips(w->frameGeometry().width()) - toTwips(w->Label1->width()));
+    EXPECT_LT(toTwips(w->Label1->x()) - 100, toTwips(w->frameGeometry().width()) - toTwips(w->Label1->width()));
+    while (w->Timer2->Enabled() && steps < 2000) {
+        w->Timer2_Timer();
+        ++steps;
+    }
+    EXPECT_TRUE(w->Timer1->Enabled());
+    EXPECT_LE(toTwips(w->Label1->x()), 0);
+    EXPECT_GT(toTwips(w->Label1->x()), -100);
+}
+
+TEST_F(LibraryWindows, TheDocumentIsCentredAndANarrowWindowPutsItAtZero) {
+    auto* w = kf();
+    const int ole = toTwips(w->OLE1->width());
+    struct Case { int width; int left; };
+    for (Case c : {Case{15240, (15240 - ole) / 2}, Case{ole - 3000, 0}}) {
+        w->resize(forms::twips(c.width), forms::twips(8595));
+        w->show();
+        EXPECT_NEAR(toTwips(w->OLE1->x()), c.left, 15) << c.width;
+        EXPECT_EQ(w->OLE1->y(), forms::twips(270));
+        EXPECT_NEAR(toTwips(w->OLE1->height()), 8595 - 540, 15);
+        EXPECT_EQ(w->Picture4->x() + w->Picture4->width(), w->OLE1->x() + w->OLE1->width());
+        EXPECT_EQ(w->Picture4->y(), 0);
+    }
+}
+
+TEST_F(LibraryWindows, AClickOnTheDocumentOpensItInFullEachTime) {
+    auto* w = kf();
+    w->MSRDC1->setConnect(shell::strLibraryCn1);
+    w->MSRDC1->setSQL(QStringLiteral("select fname from Kerala where name='2' "));
+    w->MSRDC1->Refresh();
+    w->OLE1->setDataField(QStringLiteral("fname"));
+    forms::MsgBoxRecorder boxes;
+    for (int click = 0; click < 2; ++click) {
+        if (auto* viewer = documents::FullViewer::existing()) viewer->hide();
+        w->OLE1_Click();
+        ASSERT_NE(documents::FullViewer::existing(), nullptr);
+        EXPECT_TRUE(documents::FullViewer::existing()->isVisible()) << click;
+        EXPECT_EQ(documents::FullViewer::existing()->view()->document(), w->OLE1->document());
+        EXPECT_FALSE(w->OLE1->DataChanged());
+    }
+    EXPECT_TRUE(boxes.boxes().empty());
+    documents::FullViewer::existing()->hide();
+}
+
+TEST_F(LibraryWindows, TheShellFindsTheStandByControlsByName) {
+    EXPECT_TRUE(shell::IsQueryReturnsNullCnStr(QStringLiteral("select fname from Kerala where name='none'"),
+                                               shell::strLibraryCn1));
+    EXPECT_EQ(kf()->MSRDC1->Connect(), shell::strLibraryCn1);
+    EXPECT_TRUE(kf()->MSRDC1->SQL().contains(QStringLiteral("Globalvat.name)='default'")));
+    kf()->MSRDC1->Refresh();
+    kf()->OLE1->setDataField(QStringLiteral("fname"));
+    EXPECT_FALSE(kf()->OLE1->plainText().isEmpty());
+}
