@@ -126,9 +126,7 @@ void frmNormal::stageBills(BillKind kind) {
         remove = RecordExists;
     }
     if (remove) {
-        SqlText = "DELETE * FROM  " + table;
-        if (kind != BillKind::InterState)
-            SqlText += "  WHERE cCode='" + DealerCode + "' AND cMonth='" + txtRPTo->text() + "'";
+        SqlText = "DELETE * FROM  " + table + "  WHERE cCode='" + DealerCode + "' AND cMonth='" + txtRPTo->text() + "'";
         rsReport.Open(SqlText, cnReturn, Recordset::adOpenKeyset, Recordset::adLockOptimistic);
         cnReturn.Execute(SqlText);
     }

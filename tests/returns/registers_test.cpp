@@ -10,6 +10,7 @@
 #include <QPdfDocument>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTest>
 
 namespace {
 
@@ -28,8 +29,8 @@ protected:
         return QString::fromUtf8(p.readAllStandardOutput());
     }
     // Runs a PRINT button and saves what its preview shows.
-    QString printed(void (returns::frmNormal::*button)(), const QString& pdf) {
-        const auto boxes = press([&] { (w.get()->*button)(); });
+    QString printed(QPushButton* button, const QString& pdf) {
+        const auto boxes = press([&] { QTest::mouseClick(button, Qt::LeftButton); });
         EXPECT_TRUE(boxes.empty()) << (boxes.empty() ? "" : boxes[0].text.toStdString());
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
         reports::PreviewWindow* preview = w->CrystalReport1->window();
@@ -52,22 +53,22 @@ TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
 
     struct Case {
         int kind;
-        void (returns::frmNormal::*button)();
+        QPushButton* returns::frmNormal::*button;
         const char* pdf;
         QStringList lines;   // each must be in the text, in this order
     } local[] = {
-        {0, &returns::frmNormal::cmdPrint1_Click, "register-purchase.pdf",
+        {0, &returns::frmNormal::cmdPrint1, "register-purchase.pdf",
          {"PURCHASE REGISTER - LOCAL PURCHASES", "Month: March", "Place: Kochi", "Date: 15-03-26",
           "1 02-03-26 Alpha Stores 32070 A-1 4 1000.00 40.00 1.00 1041.00",
           "2 11-03-26 Gamma Agencies 32099 G-3 0 500.50 500.50",
           "3 20-03-26 Beta Traders 32071 B-7 12.5 200.00 25.00 2.00 227.00", "Rate-wise Summary",
           "4 % 1000.00 40.00 1.00 1041.00", "Total 1700.50 65.00 3.00 1768.50", "Page 1 of 1"}},
-        {0, &returns::frmNormal::Command2_Click, "register-sales.pdf",
+        {0, &returns::frmNormal::Command2, "register-sales.pdf",
          {"SALES REGISTER", "1 05-03-26 Cash Sales S-1 20 300.00 60.00 4.50 364.50",
           "2 06-03-26 Madras Export Co 33010 S-2 CST 100.00 2.00 102.00", "20 % 300.00 60.00 4.50 364.50",
           "CST 100.00 2.00 0.00 102.00", "Total 400.00 62.00 4.50 466.50"}},
     }, interState[] = {
-        {1, &returns::frmNormal::cmdPrint1_Click, "register-purchase-interstate.pdf",
+        {1, &returns::frmNormal::cmdPrint1, "register-purchase-interstate.pdf",
          {"INTER-STATE PURCHASES", "Place: Kochi", "1 09-03-26 Bangalore Mills 29001 K-41 4 800.00 32.00 832.00",
           "Total 800.00 32.00 0.00 832.00"}},
     };
@@ -75,7 +76,7 @@ TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
         SCOPED_TRACE(c.pdf);
         w->List4->setListIndex(c.kind);
         // Compared without blanks: the PDF's text comes back with its own spacing.
-        const QString text = printed(c.button, c.pdf).remove(QRegularExpression("\\s"));
+        const QString text = printed(w.get()->*c.button, c.pdf).remove(QRegularExpression("\\s"));
         qsizetype at = 0;
         for (QString line : c.lines) {
             line.remove(u' ');
@@ -112,16 +113,8 @@ TEST_F(Registers, FileThatCannotBeReadIsNamed) {
         const char* says;
     } cases[] = {
         {"template missing", [](const QString& f) { QFile::remove(f + "/RptSales.rpt"); }, "RptSales.rpt", "is not there"},
-        {"template garbled",
-         [](const QString& f) {
-             QFile t(f + "/RptSales.rpt");
-             ASSERT_TRUE(t.open(QIODevice::WriteOnly));
-             t.write("[bills]\nsource = tblRptSales1\ncolumn = Party | Party\n");
-         },
-         "RptSales.rpt", "line 3"},
         {"data file not a database",
          [](const QString& f) {
-             QFile::remove(f + "/RptSales.rpt");
              QFile::copy(VORLAN_PROGRAM_DIR "/RptSales.rpt", f + "/RptSales.rpt");
              returns::ReleaseReturnStores();
              returns::rsLookup = returns::rsBills = returns::rsReport = store::Recordset::nothing();
