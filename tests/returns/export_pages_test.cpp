@@ -31,7 +31,9 @@ protected:
     }
     std::vector<RecordedBox> exportNow() { return press([&] { w->cmdExport_Click(); }); }
     void blankPurchaseLabels() {
-        blankPurchaseLabels();
+        for (QLabel* l : {w->Label12, w->Label13, w->Label14, w->Label15, w->Label10, w->Label16, w->Label17,
+                          w->Label18, w->Label19, w->Label34})
+            l->setText(QString());
     }
 };
 
