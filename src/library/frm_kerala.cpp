@@ -490,6 +490,7 @@ void frmkerala::showSelectStatus() {
 // place or none; the row's ID goes with the entry for the click's lookup.
 void frmkerala::fillActSectionList() {
     List1->Clear();
+    if (shell::rsWordSearch.isNothing()) shell::rsWordSearch = store::Recordset();   // made on first use
     if (shell::rsWordSearch.State() == 1) shell::rsWordSearch.Close();
     shell::rsWordSearch.Open(QStringLiteral("SELECT Keralafields.ID, Keralafields.ActSection FROM Keralafields WHERE "
                                             "(((Keralafields.ActSection) Is Not Null)) ORDER BY Keralafields.ID;"),

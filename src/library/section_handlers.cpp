@@ -78,7 +78,10 @@ void frmkerala::pointAndShow(const QString& connection, const QString& query) {
 // own Show runs its loading on the first showing.
 void frmkerala::openReturnChooser() {
     QWidget* chooser = forms::get(QStringLiteral("frmSelect"));
-    if (!QMetaObject::invokeMethod(chooser, "Show")) chooser->show();
+    if (chooser->metaObject()->indexOfMethod("Show()") >= 0)
+        QMetaObject::invokeMethod(chooser, "Show");
+    else
+        chooser->show();
 }
 
 // ---- circulars and notifications: the name behind the first hyphen, looked up in Kerala ----------------
