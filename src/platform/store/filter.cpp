@@ -135,7 +135,6 @@ private:
         while (e > b && wild(pattern[e - 1])) --e;
         const bool trailing = e < pattern.size();
         t.pattern = pattern.mid(b, e - b).toLower();
-        t.matcher.setPattern(t.pattern);
         if (t.pattern.isEmpty() && (leading || trailing)) t.anchor = FilterTerm::Anything;
         else if (leading && trailing) t.anchor = FilterTerm::Contains;
         else if (leading) t.anchor = FilterTerm::Suffix;
@@ -174,18 +173,21 @@ std::vector<FilterTerm> parseFilter(const QString& filter, const std::function<i
     return FilterParser(filter, columnOf).run();
 }
 
+bool likeMatches(const FilterTerm& t, const QString& text) {
+    switch (t.anchor) {
+    case FilterTerm::Anything: return true;
+    case FilterTerm::Contains: return text.contains(t.pattern);
+    case FilterTerm::Prefix: return text.startsWith(t.pattern);
+    case FilterTerm::Suffix: return text.endsWith(t.pattern);
+    default: return text == t.pattern;
+    }
+}
+
 bool filterMatches(const FilterTerm& t, const basic::Variant& value, const QString* lowered) {
     if (value.isNull() || value.isEmpty()) return false;
     if (t.op == FilterTerm::Like) {
         if (t.anchor == FilterTerm::Anything) return true;
-        const QString own = lowered ? QString() : basic::CStr(value).toLower();
-        const QString& text = lowered ? *lowered : own;
-        switch (t.anchor) {
-        case FilterTerm::Contains: return t.matcher.indexIn(text) >= 0;
-        case FilterTerm::Prefix: return text.startsWith(t.pattern);
-        case FilterTerm::Suffix: return text.endsWith(t.pattern);
-        default: return text == t.pattern;
-        }
+        return likeMatches(t, lowered ? *lowered : basic::CStr(value).toLower());
     }
     const int c = compare(value, t.value);
     if (c == 2) return false;

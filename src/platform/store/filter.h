@@ -6,7 +6,6 @@
 #include "platform/basic/variant.h"
 
 #include <QString>
-#include <QStringMatcher>
 #include <functional>
 #include <vector>
 
@@ -20,11 +19,13 @@ struct FilterTerm {
     basic::Variant value;
     QString pattern;                                             // LIKE: the text between wild cards, lower case
     Anchor anchor = Exact;
-    QStringMatcher matcher;                                      // for Contains, searched row after row
 };
 
 // Raises RuntimeError 3001 for text it cannot read or a field that columnOf does not know (-1).
 std::vector<FilterTerm> parseFilter(const QString& filter, const std::function<int(const QString&)>& columnOf);
+
+// A LIKE term against a text already in lower case.
+bool likeMatches(const FilterTerm& term, const QString& lowered);
 
 // lowered: the value in lower case when it is text, so that a LIKE need not fold case row by row.
 bool filterMatches(const FilterTerm& term, const basic::Variant& value, const QString* lowered);

@@ -10,6 +10,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace store {
@@ -50,6 +54,55 @@ struct RowSet {
     QString table;                                // where added and changed rows are written
     bool hasRowid = false;
     std::vector<std::vector<QString>> lowered;    // per column, the text in lower case; built on demand
+    std::uint64_t version = 0;                    // moves on at every change of a row
+
+    // The last few filters and the rows they let through, for as long as no row changes: a user typing
+    // into a search box narrows the last filter or goes back to one he had.
+    struct FilterResult {
+        QString text;
+        std::vector<FilterTerm> terms;
+        std::vector<size_t> rows;
+        std::uint64_t version;
+    };
+    std::vector<FilterResult> recentFilters;
+
+    // Per column, the lower-case text of every row one after another, each ended by a NUL, so that a
+    // filter can sweep a long list with one byte search instead of a search per row.
+    struct ScanColumn {
+        std::string bytes;             // UTF-8: a match of bytes is a match of characters
+        std::vector<size_t> start;     // where each row begins; one more entry for the end
+        std::vector<bool> present;     // false for Null and Empty, which no filter term lets through
+        std::uint64_t builtAt = ~std::uint64_t(0);
+    };
+    std::vector<ScanColumn> scan;
+
+    const ScanColumn& scanColumn(int column) {
+        scan.resize(columns.size());
+        ScanColumn& sc = scan[size_t(column)];
+        if (sc.builtAt == version) return sc;
+        const std::vector<QString>& low = loweredColumn(column);
+        sc = ScanColumn{};
+        sc.start.reserve(rows.size() + 1);
+        sc.present.reserve(rows.size());
+        for (size_t i = 0; i < rows.size(); ++i) {
+            sc.start.push_back(sc.bytes.size());
+            const basic::Variant& v = rows[i].values[size_t(column)];
+            const bool present = !v.isNull() && !v.isEmpty();
+            sc.present.push_back(present);
+            if (present) {
+                const QString text = low[i].isNull() ? basic::CStr(v).toLower() : low[i];
+                const bool ascii = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+                if (ascii)
+                    for (QChar c : text) sc.bytes.push_back(char(c.unicode()));
+                else
+                    sc.bytes += text.toStdString();
+            }
+            sc.bytes.push_back('\0');
+        }
+        sc.start.push_back(sc.bytes.size());
+        sc.builtAt = version;
+        return sc;
+    }
 
     int columnOf(const QString& name) const {
         for (size_t i = 0; i < columns.size(); ++i)
@@ -68,6 +121,7 @@ struct RowSet {
     }
 
     void refreshLowered(size_t row) {
+        ++version;
         for (size_t c = 0; c < lowered.size(); ++c) {
             if (row >= lowered[c].size()) continue;
             const basic::Variant& v = rows[row].values[c];
@@ -260,24 +314,101 @@ void rereadRow(RowSet& set, size_t index) {
     set.refreshLowered(index);
 }
 
+// True when every row that passes n passes o as well.
+bool implies(const FilterTerm& n, const FilterTerm& o) {
+    if (n.column != o.column) return false;
+    if (o.op != FilterTerm::Like || n.op != FilterTerm::Like)
+        return n.op == o.op && n.value.type() == o.value.type() && basic::CStr(n.value) == basic::CStr(o.value);
+    switch (o.anchor) {
+    case FilterTerm::Anything: return true;   // every term fails on Null and Empty alike
+    case FilterTerm::Contains: return n.anchor != FilterTerm::Anything && n.pattern.contains(o.pattern);
+    case FilterTerm::Prefix:
+        return (n.anchor == FilterTerm::Prefix || n.anchor == FilterTerm::Exact) && n.pattern.startsWith(o.pattern);
+    case FilterTerm::Suffix:
+        return (n.anchor == FilterTerm::Suffix || n.anchor == FilterTerm::Exact) && n.pattern.endsWith(o.pattern);
+    default: return n.anchor == FilterTerm::Exact && n.pattern == o.pattern;
+    }
+}
+
+// True when the rows through `narrower` are among those through `wider`.
+bool narrows(const std::vector<FilterTerm>& narrower, const std::vector<FilterTerm>& wider) {
+    return std::all_of(wider.begin(), wider.end(), [&](const FilterTerm& o) {
+        return std::any_of(narrower.begin(), narrower.end(), [&](const FilterTerm& n) { return implies(n, o); });
+    });
+}
+
 void applyFilter(RecordsetData& r) {
     r.visible.clear();
     if (!r.filtered) return;
-    const std::vector<FilterTerm> terms =
-        parseFilter(r.filter.text(), [&](const QString& name) { return r.set->columnOf(name); });
-    std::vector<const std::vector<QString>*> lowered;
-    for (const FilterTerm& t : terms)
-        lowered.push_back(t.op == FilterTerm::Like ? &r.set->loweredColumn(t.column) : nullptr);
-    const std::vector<detail::Row>& rows = r.set->rows;
-    for (size_t i = 0; i < rows.size(); ++i) {
-        bool pass = true;
-        for (size_t k = 0; k < terms.size() && pass; ++k) {
-            const basic::Variant& v = rows[i].values[size_t(terms[k].column)];
-            const QString* low = lowered[k] && v.type() == basic::Variant::Text ? &(*lowered[k])[i] : nullptr;
-            pass = filterMatches(terms[k], v, low);
+    RowSet& set = *r.set;
+    const QString text = r.filter.text();
+    auto& recent = set.recentFilters;
+    std::erase_if(recent, [&](const RowSet::FilterResult& f) { return f.version != set.version; });
+    for (const RowSet::FilterResult& f : recent)
+        if (f.text == text) {
+            r.visible = f.rows;
+            return;
         }
-        if (pass) r.visible.push_back(i);
+    const std::vector<FilterTerm> terms = parseFilter(text, [&](const QString& name) { return set.columnOf(name); });
+    const std::vector<size_t>* candidates = nullptr;   // the fewest rows a filter of before let through
+    for (const RowSet::FilterResult& f : recent)
+        if ((!candidates || f.rows.size() < candidates->size()) && narrows(terms, f.terms)) candidates = &f.rows;
+    // LIKE terms are judged on the bytes of the scan column: no row, no Variant, no QString is touched.
+    std::vector<const RowSet::ScanColumn*> scans;
+    std::vector<std::string> patterns;
+    for (const FilterTerm& t : terms) {
+        scans.push_back(t.op == FilterTerm::Like ? &set.scanColumn(t.column) : nullptr);
+        patterns.push_back(t.pattern.toStdString());
     }
+    const auto passes = [&](size_t i, size_t skip) {
+        for (size_t k = 0; k < terms.size(); ++k) {
+            if (k == skip) continue;
+            if (!scans[k]) {
+                if (!filterMatches(terms[k], set.rows[i].values[size_t(terms[k].column)], nullptr)) return false;
+                continue;
+            }
+            const RowSet::ScanColumn& sc = *scans[k];
+            if (!sc.present[i]) return false;
+            const std::string_view text(sc.bytes.data() + sc.start[i], sc.start[i + 1] - sc.start[i] - 1);
+            const std::string& pattern = patterns[k];
+            bool pass;
+            switch (terms[k].anchor) {
+            case FilterTerm::Anything: pass = true; break;
+            case FilterTerm::Contains: pass = text.find(pattern) != std::string_view::npos; break;
+            case FilterTerm::Prefix: pass = text.starts_with(pattern); break;
+            case FilterTerm::Suffix: pass = text.ends_with(pattern); break;
+            default: pass = text == pattern; break;
+            }
+            if (!pass) return false;
+        }
+        return true;
+    };
+    // A LIKE '*w*' term leads a sweep over the whole list; the other terms judge the rows it finds.
+    size_t lead = terms.size();
+    for (size_t k = 0; k < terms.size() && lead == terms.size(); ++k)
+        if (terms[k].op == FilterTerm::Like && terms[k].anchor == FilterTerm::Contains && !terms[k].pattern.isEmpty())
+            lead = k;
+    if (candidates) {
+        for (size_t i : *candidates)
+            if (passes(i, terms.size())) r.visible.push_back(i);
+    } else if (lead < terms.size()) {
+        const RowSet::ScanColumn& sc = set.scanColumn(terms[lead].column);
+        const std::string pattern = terms[lead].pattern.toStdString();
+        const char* base = sc.bytes.data();
+        size_t pos = 0;
+        while (const void* hit = memmem(base + pos, sc.bytes.size() - pos, pattern.data(), pattern.size())) {
+            const size_t at = size_t(static_cast<const char*>(hit) - base);
+            const size_t row = size_t(std::upper_bound(sc.start.begin(), sc.start.end(), at) - sc.start.begin()) - 1;
+            if (sc.present[row] && passes(row, lead)) r.visible.push_back(row);
+            pos = sc.start[row + 1];
+        }
+    } else {
+        for (size_t i = 0; i < set.rows.size(); ++i)
+            if (passes(i, terms.size())) r.visible.push_back(i);
+    }
+    constexpr size_t kRecentFilters = 8;
+    if (recent.size() == kRecentFilters) recent.erase(recent.begin());
+    recent.push_back({text, terms, r.visible, set.version});
 }
 
 }  // namespace
@@ -569,6 +700,7 @@ void Recordset::AddNew() {
     detail::Row row;
     row.values.assign(set.columns.size(), basic::Variant::null());
     set.rows.push_back(std::move(row));
+    ++set.version;
     const size_t index = set.rows.size() - 1;
     if (r.filtered) r.visible.push_back(index);
     r.pos = r.count() - 1;
@@ -617,6 +749,7 @@ void Recordset::CancelUpdate() {
     RowSet& set = *r.set;
     if (r.edit == RecordsetData::Adding && r.editRow + 1 == set.rows.size()) {
         set.rows.pop_back();
+        ++set.version;
         for (auto& cache : set.lowered)
             if (cache.size() > set.rows.size()) cache.pop_back();
         if (r.filtered && !r.visible.empty() && r.visible.back() == r.editRow) r.visible.pop_back();
