@@ -116,6 +116,7 @@ QPushButton* button(QWidget* parent, const QString& caption, int left, int top, 
 frmkerala::frmkerala(QWidget* parent) : QWidget(parent) {
     buildControls();
     Form_Load();
+    wireListPage();
 }
 
 void frmkerala::buildControls() {

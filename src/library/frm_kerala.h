@@ -92,6 +92,21 @@ public:
     // Mode 0 registers the component file, mode 1 unregisters it; any other mode gives 0 and calls nothing.
     void RegisterComponent(const QString& fileName, int mode, std::int32_t& result);
 
+    // ---- the list page (frm_kerala_list_page.cpp) ---------------------------------------------------
+    // The fills of the dormant tree keys: "Sectionwise" of Tvw lists the act's sections; "Index" and
+    // "FullText" of tvw2 put their one entry. Tvw_DblClick and tvw2_DblClick call them for those keys.
+    void FillSectionwiseList();
+    void FillRulesList(const QString& key);
+    // A click points keralaforms at the entry's document by CurrentToolbarKey; Go then shows it.
+    void List1_Click();
+    void Text3_Change();
+    void Text3_KeyPress(int KeyAscii);
+    void Text3_GotFocus();
+    void Text3_LostFocus();
+    void Cmdwordsearch_Click();
+    void wireListPage();
+    // ---- end of the list page -----------------------------------------------------------------------
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

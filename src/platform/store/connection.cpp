@@ -69,9 +69,11 @@ QString databasePath(const QString& connectionString) {
 
 namespace detail {
 
+// Never destroyed: connections and record sets held in globals end after every function-local static,
+// and their databases still look themselves up here as they close.
 static std::map<QString, std::weak_ptr<Database>>& pool() {
-    static std::map<QString, std::weak_ptr<Database>> handles;
-    return handles;
+    static auto* handles = new std::map<QString, std::weak_ptr<Database>>;
+    return *handles;
 }
 
 std::shared_ptr<Database> Database::acquire(const QString& path, const QString& key, bool create) {
