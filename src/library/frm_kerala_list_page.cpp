@@ -8,6 +8,7 @@
 #include "library/keralaforms.h"
 #include "platform/basic/variant.h"
 #include "platform/forms/errors.h"
+#include "platform/forms/event_tap.h"
 #include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
@@ -114,47 +115,25 @@ void finishListPage(frmkerala* w) {
     w->Form_Resize();
 }
 
-// The search box's focus and keys, which a line edit gives as events rather than signals.
-class SearchBoxEvents : public QObject {
-public:
-    explicit SearchBoxEvents(frmkerala* w) : QObject(w), w_(w) {}
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != w_->Text3) return false;
-        switch (event->type()) {
-        case QEvent::FocusIn:
-            forms::guard([this] { w_->Text3_GotFocus(); });
-            break;
-        case QEvent::FocusOut:
-            forms::guard([this] { w_->Text3_LostFocus(); });
-            break;
-        case QEvent::KeyPress: {
-            const auto* key = static_cast<QKeyEvent*>(event);
-            const int ascii = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter ? 13
-                              : key->text().isEmpty()                                     ? 0
-                                                                                          : key->text().at(0).unicode();
-            // The key goes on to the box: the handler never cancels it.
-            if (ascii != 0) forms::guard([this, ascii] { w_->Text3_KeyPress(ascii); });
-            break;
-        }
-        default:
-            break;
-        }
-        return false;
-    }
-
-private:
-    frmkerala* w_;
-};
-
 }  // namespace
 
 void frmkerala::wireListPage() {
     forms::wire(List1, &forms::ListBox::Click, this, [this] { List1_Click(); });
     forms::wire(Text3, &QLineEdit::textChanged, this, [this] { Text3_Change(); });
     forms::wire(Cmdwordsearch, &QPushButton::clicked, this, [this] { Cmdwordsearch_Click(); });
-    Text3->installEventFilter(new SearchBoxEvents(this));
+    // The search box's focus and keys come as events; the key goes on to the box, never cancelled.
+    Text3->installEventFilter(new forms::EventTap(this, [this](QEvent* event) {
+        if (event->type() == QEvent::FocusIn) Text3_GotFocus();
+        if (event->type() == QEvent::FocusOut) Text3_LostFocus();
+        if (event->type() == QEvent::KeyPress) {
+            const auto* key = static_cast<QKeyEvent*>(event);
+            if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
+                Text3_KeyPress(13);
+            else if (!key->text().isEmpty())
+                Text3_KeyPress(key->text().at(0).unicode());
+        }
+        return false;
+    }));
 }
 
 // No handler of its own: a failure goes to the run-time error box, as for the tree handlers.
