@@ -119,6 +119,7 @@ QPushButton* button(QWidget* parent, const QString& caption, int left, int top, 
 frmkerala::frmkerala(QWidget* parent) : QWidget(parent) {
     buildControls();
     Form_Load();
+    wireListPage();
 }
 
 void frmkerala::buildControls() {
@@ -342,9 +343,7 @@ void frmkerala::Tvw_DblClick() {
     const QString key = Tvw->SelectedItem().Key();
     if (key == QLatin1String("Sectionwise")) {
         // No node carries this key now; the list page stays ready for one.
-        fillActSectionList();
-        showListPage(cmdactgo, cmdactback, true);
-        showSelectStatus();
+        FillSectionwiseList();
         return;
     }
     const GridEntry* entry = findGridEntry(QStringLiteral("Tvw"), key);
@@ -356,14 +355,7 @@ void frmkerala::Tvw_DblClick() {
 void frmkerala::tvw2_DblClick() {
     const QString key = tvw2->SelectedItem().Key();
     if (key == QLatin1String("Index") || key == QLatin1String("FullText")) {
-        List1->Clear();
-        List1->AddItem(key == QLatin1String("Index") ? QStringLiteral("Index to Rules")
-                                                      : QStringLiteral("Full Text of Rules"));
-        shell::wordSearchTable.clear();
-        shell::wordSearchColumn.clear();
-        shell::wordSearchOrderBy.clear();
-        showListPage(cmdrulego, cmdruleback, key == QLatin1String("FullText"));
-        showSelectStatus();
+        FillRulesList(key);
         return;
     }
     const GridEntry* entry = findGridEntry(QStringLiteral("tvw2"), key);
@@ -484,46 +476,6 @@ void frmkerala::showSelectStatus() {
         StatusBar1->Panels(1).setText(QStringLiteral(
             "Select the required item from list box by search or manual and press Go button to display the data"));
     Form_Resize();
-}
-
-// The act sections, each listed before its last hyphen unless the text has its first hyphen in first
-// place or none; the row's ID goes with the entry for the click's lookup.
-void frmkerala::fillActSectionList() {
-    List1->Clear();
-    if (shell::rsWordSearch.isNothing()) shell::rsWordSearch = store::Recordset();   // made on first use
-    if (shell::rsWordSearch.State() == 1) shell::rsWordSearch.Close();
-    shell::rsWordSearch.Open(QStringLiteral("SELECT Keralafields.ID, Keralafields.ActSection FROM Keralafields WHERE "
-                                            "(((Keralafields.ActSection) Is Not Null)) ORDER BY Keralafields.ID;"),
-                             shell::GetFirstLibraryConnection(), store::Recordset::adOpenDynamic,
-                             store::Recordset::adLockOptimistic);
-    List1->Clear();
-    while (!shell::rsWordSearch.Eof()) {
-        QString text = basic::CStr(shell::rsWordSearch.Fields(QStringLiteral("ActSection")).Value());
-        if (!text.isEmpty()) {
-            if (basic::InStr(text, QStringLiteral("-")) > 1) text = text.left(text.lastIndexOf(QLatin1Char('-')));
-            List1->AddItem(text);
-            List1->setItemData(List1->NewIndex(),
-                               int(basic::CDbl(shell::rsWordSearch.Fields(QStringLiteral("ID")).Value())));
-        }
-        shell::rsWordSearch.MoveNext();
-    }
-    shell::wordSearchTable = QStringLiteral("Keralafields");
-    shell::wordSearchColumn = QStringLiteral("ActSection");
-    shell::wordSearchOrderBy = QStringLiteral("ActSection");
-}
-
-void frmkerala::showListPage(QPushButton* go, QPushButton* back, bool focusSearch) {
-    Frame1->hide();
-    Frame2->show();
-    go->show();
-    go->raise();
-    back->show();
-    back->raise();
-    for (QWidget* w : {static_cast<QWidget*>(List1), static_cast<QWidget*>(Text1), static_cast<QWidget*>(Text3),
-                       static_cast<QWidget*>(Cmdwordsearch)})
-        w->show();
-    Text1->clear();
-    if (focusSearch) shell::SafeSetFocus(Text3);
 }
 
 void frmkerala::RegisterComponent(const QString& fileName, int mode, std::int32_t& result) {

@@ -151,19 +151,22 @@ public:
     void notBack_Click();
     void aliback_Click();
 
-private:
-    void wireListPageButtons();
-    void openGrid(const GridEntry& entry);
-    void loadGrid(const GridEntry& entry);
-    void showGrid(frmGlobalSections* grid);
-    void fillActSectionList();
-    void showListPage(QPushButton* go, QPushButton* back, bool focusSearch);
-    void showSelectStatus();
-    void pointAndShow(const QString& connection, const QString& query);
-    void backToTree(forms::TreeView* tree, bool takeFocus);
-    void showDocumentModally();
-    void openReturnChooser();
     // ---- end of the grid answers ----------------------------------------------------------------------
+
+    // ---- the list page (frm_kerala_list_page.cpp) ---------------------------------------------------
+    // The fills of the dormant tree keys: "Sectionwise" of Tvw lists the act's sections; "Index" and
+    // "FullText" of tvw2 put their one entry. Tvw_DblClick and tvw2_DblClick call them for those keys.
+    void FillSectionwiseList();
+    void FillRulesList(const QString& key);
+    // A click points keralaforms at the entry's document by CurrentToolbarKey; Go then shows it.
+    void List1_Click();
+    void Text3_Change();
+    void Text3_KeyPress(int KeyAscii);
+    void Text3_GotFocus();
+    void Text3_LostFocus();
+    void Cmdwordsearch_Click();
+    void wireListPage();
+    // ---- end of the list page -----------------------------------------------------------------------
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -171,6 +174,16 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    // the grid answers' own steps (section_handlers.cpp)
+    void wireListPageButtons();
+    void openGrid(const GridEntry& entry);
+    void loadGrid(const GridEntry& entry);
+    void showGrid(frmGlobalSections* grid);
+    void showSelectStatus();
+    void pointAndShow(const QString& connection, const QString& query);
+    void backToTree(forms::TreeView* tree, bool takeFocus);
+    void showDocumentModally();
+    void openReturnChooser();
     void buildControls();
     void fillTrees();
     void showTree(forms::TreeView* tree, bool takeFocus);

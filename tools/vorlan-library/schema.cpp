@@ -15,7 +15,7 @@ QList<LibraryFile> makeFiles()
 {
     const Table kerala{"Kerala",
                        {{"id", T::Integer, true},
-                        {"name", T::Text},
+                        {"name", T::Text, false, true},
                         {"SecDesc", T::Text},
                         {"type", T::Text},
                         {"ChapterNo", T::Integer},
@@ -110,6 +110,15 @@ QString createStatement(const Table& table)
         defs << def;
     }
     return "CREATE TABLE " + table.name + " (" + defs.join(", ") + ")";
+}
+
+QStringList indexStatements(const Table& table)
+{
+    QStringList statements;
+    for (const Column& c : table.columns)
+        if (c.indexed)
+            statements << "CREATE INDEX " + table.name + '_' + c.name + " ON " + table.name + " (" + c.name + ")";
+    return statements;
 }
 
 }  // namespace libbuilder

@@ -3,6 +3,7 @@
 // The declared types are the fixed set the record-set layer maps to the platform's type numbers.
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 namespace libbuilder {
 
@@ -11,7 +12,8 @@ enum class ColumnType { Integer, Double, Currency, Boolean, DateTime, Text, Memo
 struct Column {
     QString name;
     ColumnType type;
-    bool key = false;  // the row key; no other column is unique
+    bool key = false;      // the row key; no other column is unique
+    bool indexed = false;  // looked up by value as the user types: an index of its own
 };
 
 struct Table {
@@ -34,5 +36,7 @@ bool isText(ColumnType type);
 
 // The CREATE TABLE statement: every text column compares without regard to case.
 QString createStatement(const Table& table);
+// A CREATE INDEX statement for each indexed column; the index keeps the column's collation.
+QStringList indexStatements(const Table& table);
 
 }  // namespace libbuilder

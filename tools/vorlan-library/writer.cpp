@@ -95,8 +95,11 @@ void writeFile(const QString& path, const LibraryFile& file, const std::vector<T
     db.exec("PRAGMA key = " + quoted(file.password), path);
     // A half-written temporary file is thrown away, so it needs no journal on disk.
     db.exec("PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF", path);
-    for (const Table& table : file.tables)
+    for (const Table& table : file.tables) {
         db.exec(createStatement(table), path);
+        for (const QString& index : indexStatements(table))
+            db.exec(index, path);
+    }
     db.exec("BEGIN", path);
     for (const TableRows& rows : tables)
         if (file.tables.end() != std::find_if(file.tables.begin(), file.tables.end(),

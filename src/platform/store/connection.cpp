@@ -69,7 +69,8 @@ QString databasePath(const QString& connectionString) {
 
 namespace detail {
 
-// Never destroyed: a record set held in a global may release its database after every static is gone.
+// Never destroyed: connections and record sets held in globals end after every function-local static,
+// and their databases still look themselves up here as they close.
 static std::map<QString, std::weak_ptr<Database>>& pool() {
     static auto* handles = new std::map<QString, std::weak_ptr<Database>>;
     return *handles;

@@ -1,0 +1,198 @@
+// frmkerala's list page on the sample library: the fills of the dormant tree keys, the click that points
+// the document window by toolbar key, the search box as the user types in it.
+#include "library/frm_kerala.h"
+#include "library/keralaforms.h"
+#include "platform/forms/list_box.h"
+#include "platform/forms/msgbox.h"
+#include "platform/forms/status_bar.h"
+#include "platform/forms/window_registry.h"
+#include "shell/library_fixture.h"
+#include "shell/word_search.h"
+
+#include <QTest>
+
+using library::frmkerala;
+using library::keralaforms;
+
+namespace {
+
+const QString kSelectHint = QStringLiteral(
+    "Select the required item from list box by search or manual and press Go button to display the data");
+const QString kSearchHint = QStringLiteral(
+    "Type the required words with space on priority in the search box and click this Button.To restore the "
+    "datas, delete the search words and again press the button.");
+
+QByteArray sampleDocument(const QString& table, const QString& name) {
+    if (table.isEmpty()) return {};  // no row: nothing to show
+    for (const auto& row : sampleRows(table))
+        if (row.value(QStringLiteral("name")) == name) {
+            QFile f(QStringLiteral(VORLAN_SOURCE_DIR "/data/library/documents/") + row.value(QStringLiteral("fname")));
+            return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+        }
+    return {};
+}
+
+class ListPage : public LibraryFixture {
+protected:
+    void SetUp() override {
+        LibraryFixture::SetUp();
+        forms::reset();
+        forms::define("main", [] { return new QWidget; });
+        forms::define("keralaforms", [] { return new keralaforms; });
+        forms::define("frmkerala", [] { return new frmkerala; });
+        w = forms::get<frmkerala>("frmkerala");
+        kf = forms::get<keralaforms>("keralaforms");
+        w->setWindowState(Qt::WindowNoState);
+        w->resize(1366, 768);
+        w->show();
+        w->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(w));
+    }
+    void TearDown() override {
+        forms::reset();
+        LibraryFixture::TearDown();
+    }
+    QStringList listed() const {
+        QStringList all;
+        for (int i = 0; i < w->List1->ListCount(); ++i) all << w->List1->List(i);
+        return all;
+    }
+    QString status() const { return w->StatusBar1->Panels(1).Text(); }
+
+    forms::MsgBoxRecorder boxes;
+    frmkerala* w = nullptr;
+    keralaforms* kf = nullptr;
+};
+
+TEST_F(ListPage, FillsOfTheDormantKeys) {
+    const struct {
+        const char* key;
+        QStringList entries;
+        QPushButton *go, *back;
+        bool searchBoxFocused;
+        QString status;
+    } cases[] = {
+        // Cut at the last hyphen ("1-2-Sale within the State"), a leading one kept, "" and Null left out.
+        {"Sectionwise", {"1", "2", "6", "6A", "1-2", "10", "-Levy of tax", "99", "7"}, w->cmdactgo, w->cmdactback,
+         true, kSelectHint},
+        {"Index", {"Index to Rules"}, w->cmdrulego, w->cmdruleback, false, "before"},
+        {"FullText", {"Full Text of Rules"}, w->cmdrulego, w->cmdruleback, true, "before"},
+    };
+    for (const auto& c : cases) {
+        w->List1->setFocus();
+        w->StatusBar1->Panels(1).setText("before");
+        if (c.key == QStringLiteral("Sectionwise"))
+            w->FillSectionwiseList();
+        else
+            w->FillRulesList(c.key);
+        EXPECT_EQ(listed(), c.entries) << c.key;
+        EXPECT_EQ(shell::wordSearchColumn, c.go == w->cmdactgo ? "ActSection" : "") << c.key;
+        if (c.go == w->cmdactgo) {
+            EXPECT_EQ(w->List1->ItemData(4), 5);  // "1-2" is the row of ID 5
+        }
+        EXPECT_TRUE(w->Frame2->isVisible() && !w->Frame1->isVisible()) << c.key;
+        for (QPushButton* b : {c.go, c.back}) EXPECT_EQ(w->Frame2->childAt(b->geometry().center()), b) << c.key;
+        EXPECT_EQ(w->Text3->hasFocus(), c.searchBoxFocused) << c.key;
+        EXPECT_EQ(status(), c.status) << c.key;
+    }
+}
+
+TEST_F(ListPage, ClickPointsTheDocumentByToolbarKey) {
+    const QString cn1 = shell::strLibraryCn1, cn2 = shell::strLibraryCn2;
+    const struct {
+        const char* key;
+        const char* column;  // listed from Keralafields; nullptr: the act sections
+        const char* click;   // nullptr: no entry chosen
+        QString connect, sql, table, name;  // sql "": not pointed
+    } cases[] = {
+        {"Act", nullptr, "1-2", cn1, "select fname from KERALA where name='1-2' and type='Act'", "Kerala", "1-2"},
+        {"rul", nullptr, "1", cn1, "select fname from KERALA where name='1' and type='Rules'", "", ""},
+        {"forms", nullptr, "6A", cn1, "select fname from KERALA where name='6A'", "Kerala", "6A"},
+        // Listed up to the last hyphen, looked up behind the first.
+        {"circu", "CircularNumber", "5-2008", cn1,
+         "select fname from Kerala where name='2008-Works contract composition'", "Kerala",
+         "2008-Works contract composition"},
+        {"jud", "VatJudgmentSection", "Sec 6-Kerala Cashew Board", cn2,
+         "select fname from Globalvatse where name='Kerala Cashew Board-Assessment appeal'", "Globalvatse",
+         "Kerala Cashew Board-Assessment appeal"},
+        {"rec", "RJudjmentSection", "Sec 7", cn2, "select fname from Globalvatse where name='Unreported order'", "", ""},
+        {"rec", "RJudjmentSection", "Sec 5", cn1, "select fname from Globalvat where name='Malabar Tiles v. Commissioner'",
+         "Globalvat", "Malabar Tiles v. Commissioner"},
+        // Ending in its hyphen, without one, no entry chosen: not pointed; "jud" sets its connect string first.
+        {"not", "CircularNumber", "14/2008", "before", "", "", ""},
+        {"circu", "CircularNumber", "X", "before", "", "", ""},
+        {"jud", "VatJudgmentSection", "Sec 11", cn1, "", "", ""},
+        {"not", "NotificationNumber", nullptr, "before", "", "", ""},
+    };
+    for (const auto& c : cases) {
+        const std::string label = std::string(c.key) + ' ' + (c.click ? c.click : "(none)");
+        w->CurrentToolbarKey = c.key;
+        shell::wordSearchTable = "Keralafields";
+        shell::wordSearchColumn = c.column ? c.column : "ActSection";
+        shell::WordSearchToList(w->List1, shell::wordSearchTable, shell::wordSearchColumn, "", "ID");
+        kf->MSRDC1->setConnect("before");
+        kf->MSRDC1->setSQL("");
+        const QByteArray shownBefore = kf->OLE1->document();
+
+        const int index = c.click ? int(listed().indexOf(c.click)) : -1;
+        ASSERT_TRUE(!c.click || index >= 0) << label;
+        index >= 0 ? w->List1->setListIndex(index) : w->List1_Click();  // the list raises its click
+
+        EXPECT_EQ(w->Text1->text(), QString(c.click)) << label;
+        EXPECT_EQ(kf->MSRDC1->Connect(), c.connect) << label;
+        EXPECT_EQ(kf->MSRDC1->SQL(), c.sql) << label;
+        EXPECT_EQ(kf->OLE1->document(), c.sql.isEmpty() ? shownBefore : sampleDocument(c.table, c.name)) << label;
+        EXPECT_FALSE(kf->isVisible()) << label;  // a click prepares, Go shows
+    }
+    EXPECT_TRUE(boxes.boxes().empty());
+
+    // "O'Neil Agencies v. State" breaks the unquoted statements: the box, the document as it was.
+    const QByteArray shown = kf->OLE1->document();
+    ASSERT_FALSE(shown.isEmpty());
+    shell::wordSearchColumn = "RJudgmentCitation";
+    w->CurrentToolbarKey = "rec";
+    shell::WordSearchToList(w->List1, shell::wordSearchTable, shell::wordSearchColumn, "neil", "");
+    ASSERT_EQ(listed(), QStringList{"(2001) 9 STC 7"});
+    w->List1->setListIndex(0);
+    ASSERT_EQ(boxes.boxes().size(), 1u);
+    EXPECT_TRUE(boxes.boxes()[0].text.startsWith("Exc on L1C : ")) << boxes.boxes()[0].text.toStdString();
+    EXPECT_TRUE(boxes.boxes()[0].text.contains(" | No: "));
+    EXPECT_EQ(boxes.boxes()[0].style, forms::vbExclamation);
+    EXPECT_EQ(boxes.boxes()[0].title, "_IN_DEBUG");
+    EXPECT_EQ(kf->OLE1->document(), shown);
+}
+
+TEST_F(ListPage, TypingJumpsThroughTheListEnterSearchesByWords) {
+    w->Toolbar2_ButtonClick("Act");
+    w->FillSectionwiseList();
+    const std::tuple<const char*, int, const char*> steps[] = {
+        {"6a", 3, "6A"}, {"x", -1, ""}, {"\b", 3, "6A"}, {"\b\b", 0, "1"}, {"-", 6, "-Levy of tax"}};
+    for (const auto& [keys, index, name] : steps) {
+        for (const char* k = keys; *k; ++k)
+            *k == '\b' ? QTest::keyClick(w->Text3, Qt::Key_Backspace) : QTest::keyClicks(w->Text3, QString(QLatin1Char(*k)));
+        EXPECT_EQ(w->List1->ListIndex(), index) << keys;
+        EXPECT_EQ(w->Text1->text(), name) << keys;
+        EXPECT_EQ(kf->MSRDC1->SQL(), QStringLiteral("select fname from KERALA where name='%1' and type='Act'").arg(name));
+        EXPECT_TRUE(w->Text3->hasFocus());
+    }
+    if (qEnvironmentVariableIsSet("VORLAN_SCREENS")) w->grab().save(VORLAN_SOURCE_DIR "/docs/screens/list-page.png");
+
+    w->Text3->setText("levy");
+    QTest::keyClick(w->Text3, Qt::Key_Return);
+    EXPECT_EQ(listed(), QStringList({"-Levy of tax", "6"}));
+    // Emptied, the search brings the whole list back, in the order of the column.
+    w->Text3->clear();
+    w->List1->setFocus();
+    EXPECT_EQ(status(), " ");
+    QTest::mouseClick(w->Cmdwordsearch, Qt::LeftButton);
+    EXPECT_EQ(listed(), QStringList({"-Levy of tax", "1-2", "1", "10", "2", "6", "6A", "7", "99"}));
+    EXPECT_TRUE(w->Text3->hasFocus());
+    EXPECT_EQ(status(), kSearchHint);
+    // The box takes the focus at each change, and a box of blanks is emptied as it does.
+    w->List1->setFocus();
+    w->Text3->setText("   ");
+    EXPECT_EQ(w->Text3->text(), "");
+    EXPECT_TRUE(boxes.boxes().empty());
+}
+
+}  // namespace

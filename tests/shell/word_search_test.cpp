@@ -1,0 +1,74 @@
+// The word search: the statement built from the typed words and the list it fills. The typing search is
+// driven through the list page (tests/library/list_page_test.cpp).
+#include "platform/forms/list_box.h"
+#include "platform/forms/msgbox.h"
+#include "shell/library_fixture.h"
+#include "shell/word_search.h"
+
+namespace {
+
+TEST(WordSearchQuery, PatternFromTheTypedWords) {
+    const std::pair<const char*, const char*> cases[] = {
+        {" tax", "'% tax%'"},  // a blank at an end ties the word to a word boundary: sales tax, not syntax
+        {"tax ", "'%tax %'"},
+        {"Input  Tax", "'%input% %tax%'"},
+        {"  input   tax  credit ", "'% input% %tax% %credit %'"},
+        {"[a]", "'%%a%%'"},
+        {"{Sale}", "'%%sale%%'"},
+        {"Dealer's", "'%dealer''s%'"},
+        {"", "'%%'"},
+    };
+    for (const auto& [text, pattern] : cases)
+        EXPECT_EQ(shell::WordSearchQuery("Keralafields", " ActSection ", text, "  "),
+                  QStringLiteral("Select  * from Keralafields where lcase(`ActSection`) like ") + pattern)
+            << text;
+    EXPECT_EQ(shell::WordSearchQuery("Keralafields", "ActSection", "a", "ActSection"),
+              QStringLiteral("Select  * from Keralafields where lcase(`ActSection`) like '%a%' ORDER BY ActSection"));
+}
+
+class WordSearch : public LibraryFixture {
+protected:
+    std::vector<std::pair<QString, int>> search(const QString& table, const QString& text) {
+        shell::WordSearchToList(&list, table, QStringLiteral("ActSection"), text, QStringLiteral("ActSection"));
+        std::vector<std::pair<QString, int>> all;
+        for (int i = 0; i < list.ListCount(); ++i) all.emplace_back(list.List(i), list.ItemData(i));
+        return all;
+    }
+    struct App {
+        App() { ensureApp(); }
+    } app;  // before the list
+    forms::ListBox list;
+    forms::MsgBoxRecorder boxes;
+};
+
+TEST_F(WordSearch, FindsSectionsByWordsInOrder) {
+    for (const char* row : {"(201, '31-Syntax of returns')", "(202, '32-Input tax credit')",
+                            "(203, '33-Tax on input goods')", "(204, '12-3-Act')", "(205, '34-Dealer''s turnover')"})
+        shell::cnLibrary1.Execute(QStringLiteral("INSERT INTO Keralafields (ID, ActSection) VALUES ") + row);
+    using Entries = std::vector<std::pair<QString, int>>;
+    const std::pair<const char*, Entries> cases[] = {
+        {" tax", {{"-Levy of tax", 7}, {"32", 202}, {"6", 3}}},
+        {"TAX", {{"-Levy of tax", 7}, {"31", 201}, {"32", 202}, {"33", 203}, {"6", 3}}},
+        {"input   tax", {{"32", 202}}},
+        {"tax input", {{"33", 203}}},
+        {"dealer's", {{"34", 205}}},
+        {"12-3-act", {{"12-3", 204}}},  // listed up to its last hyphen
+        {"", {{"-Levy of tax", 7}, {"1-2", 5}, {"1", 1}, {"10", 6}, {"12-3", 204}, {"2", 2}, {"31", 201},
+              {"32", 202}, {"33", 203}, {"34", 205}, {"6", 3}, {"6A", 4}, {"7", 9}, {"99", 8}}},  // not "" nor Null
+    };
+    for (const auto& [text, expected] : cases) EXPECT_EQ(search("Keralafields", text), expected) << text;
+    EXPECT_TRUE(boxes.boxes().empty());
+
+    // No table or column: nothing happens. A table no file holds: the box, and the list as it was.
+    const Entries before = search("Keralafields", "levy");
+    shell::WordSearchToList(&list, QStringLiteral(" "), QStringLiteral("ActSection"), QString(), QString());
+    shell::WordSearchToList(&list, QStringLiteral("Keralafields"), QString(), QString(), QString());
+    EXPECT_TRUE(boxes.boxes().empty());
+    EXPECT_EQ(search("NoSuchTable", "levy"), before);
+    ASSERT_EQ(boxes.boxes().size(), 1u);
+    EXPECT_TRUE(boxes.boxes()[0].text.startsWith(QStringLiteral("WS Err "))) << boxes.boxes()[0].text.toStdString();
+    EXPECT_EQ(boxes.boxes()[0].style, forms::vbExclamation);
+    EXPECT_EQ(boxes.boxes()[0].title, QStringLiteral("IN_DEBUG"));
+}
+
+}  // namespace
