@@ -1,4 +1,6 @@
 #include "library/frm_kerala.h"
+#include "library/frm_global_sections.h"
+#include "library/grid_catalogue.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -12,6 +14,7 @@
 #include "platform/forms/keys.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/list_box.h"
+#include "platform/forms/msgbox.h"
 #include "platform/forms/status_bar.h"
 #include "platform/forms/toolbar.h"
 #include "platform/forms/twips.h"
@@ -196,6 +199,7 @@ void frmkerala::buildControls() {
     forms::wire(tvw3, &forms::TreeView::DblClick, this, [this] { tvw3_DblClick(); });
     forms::wire(tvwr, &forms::TreeView::DblClick, this, [this] { tvwr_DblClick(); });
     forms::wire(tvwali, &forms::TreeView::Click, this, [this] { tvwali_Click(); });
+    wireListPageButtons();
 }
 
 void frmkerala::Form_Load() {
@@ -274,9 +278,9 @@ void frmkerala::Form_QueryUnload(bool& Cancel, int UnloadMode) {
 
 void frmkerala::Form_MouseDown() {
     lower();
-    QWidget* active = focusWidget();
-    if (!active) throw forms::objectNotSet();
-    active->setFocus(Qt::OtherFocusReason);
+    // The old window always had an active control once shown; ours may have none before the first key,
+    // and a click on the bare window must not raise an error box.
+    if (QWidget* active = focusWidget()) active->setFocus(Qt::OtherFocusReason);
 }
 
 void frmkerala::Toolbar2_ButtonClick(const QString& key) {
@@ -332,17 +336,195 @@ void frmkerala::Tvw_MouseMove() {
     lower();
 }
 
-void frmkerala::Tvw_DblClick() {}
-void frmkerala::tvw2_DblClick() {}
-void frmkerala::tvwc_DblClick() {}
-void frmkerala::tvwn_DblClick() {}
-void frmkerala::tvw3_DblClick() {}
-void frmkerala::tvwr_DblClick() {}
-void frmkerala::tvwali_Click() {}
-void frmkerala::LOAD_CA_MENU_GRID() {}
-void frmkerala::SHOW_CA_MENU_GRID() {}
-void frmkerala::openScheduleGrid() {}
-void frmkerala::openFormsGrid() {}
+// Each tree handler reads its selected node's key; a key with no catalogue row, the roots among them,
+// does nothing.
+void frmkerala::Tvw_DblClick() {
+    const QString key = Tvw->SelectedItem().Key();
+    if (key == QLatin1String("Sectionwise")) {
+        // No node carries this key now; the list page stays ready for one.
+        fillActSectionList();
+        showListPage(cmdactgo, cmdactback, true);
+        showSelectStatus();
+        return;
+    }
+    const GridEntry* entry = findGridEntry(QStringLiteral("Tvw"), key);
+    if (!entry) return;
+    openGrid(*entry);
+    if (key == QLatin1String("VAT")) showSelectStatus();
+}
+
+void frmkerala::tvw2_DblClick() {
+    const QString key = tvw2->SelectedItem().Key();
+    if (key == QLatin1String("Index") || key == QLatin1String("FullText")) {
+        List1->Clear();
+        List1->AddItem(key == QLatin1String("Index") ? QStringLiteral("Index to Rules")
+                                                      : QStringLiteral("Full Text of Rules"));
+        shell::wordSearchTable.clear();
+        shell::wordSearchColumn.clear();
+        shell::wordSearchOrderBy.clear();
+        showListPage(cmdrulego, cmdruleback, key == QLatin1String("FullText"));
+        showSelectStatus();
+        return;
+    }
+    const GridEntry* entry = findGridEntry(QStringLiteral("tvw2"), key);
+    if (!entry) return;
+    openGrid(*entry);
+    if (key == QLatin1String("Sectionwise")) showSelectStatus();
+}
+
+void frmkerala::tvwc_DblClick() {
+    if (const GridEntry* entry = findGridEntry(QStringLiteral("tvwc"), tvwc->SelectedItem().Key())) openGrid(*entry);
+}
+
+void frmkerala::tvwn_DblClick() {
+    if (const GridEntry* entry = findGridEntry(QStringLiteral("tvwn"), tvwn->SelectedItem().Key())) openGrid(*entry);
+}
+
+void frmkerala::tvw3_DblClick() {
+    if (const GridEntry* entry = findGridEntry(QStringLiteral("tvw3"), tvw3->SelectedItem().Key())) openGrid(*entry);
+}
+
+void frmkerala::tvwr_DblClick() {
+    if (const GridEntry* entry = findGridEntry(QStringLiteral("tvwr"), tvwr->SelectedItem().Key())) openGrid(*entry);
+}
+
+// This tree answers a single click. "Sec4al" and "Sec5al" have rows but no node.
+void frmkerala::tvwali_Click() {
+    if (const GridEntry* entry = findGridEntry(QStringLiteral("tvwali"), tvwali->SelectedItem().Key()))
+        openGrid(*entry);
+}
+
+void frmkerala::openScheduleGrid() { openGrid(*findGridEntry(QStringLiteral("Toolbar2"), QStringLiteral("sch"))); }
+void frmkerala::openFormsGrid() { openGrid(*findGridEntry(QStringLiteral("Toolbar2"), QStringLiteral("forms"))); }
+
+namespace {
+
+const GridEntry& caEntry() { return *findGridEntry(QStringLiteral("Toolbar2"), QStringLiteral("ca")); }
+
+void showGridError(const char* routine, const basic::RuntimeError& e, const char* fallback) {
+    if (shell::ShowErrorDetail())
+        forms::MsgBox(QStringLiteral("Error on ") + QLatin1String(routine) + QStringLiteral("() \n") + e.description() +
+                      e.detail());
+    else
+        forms::MsgBox(QLatin1String(fallback), forms::vbOKOnly, QStringLiteral("Vorlan"));
+}
+
+}  // namespace
+
+void frmkerala::LOAD_CA_MENU_GRID() {
+    try {
+        loadGrid(caEntry());
+    } catch (const basic::RuntimeError& e) {
+        showGridError("LOAD_CA_MENU_GRID", e, " Exception case: CA Grid Load");
+    }
+}
+
+void frmkerala::SHOW_CA_MENU_GRID() {
+    try {
+        if (!ObjCAMenuItemGlobalSection) LOAD_CA_MENU_GRID();
+        showGrid(ObjCAMenuItemGlobalSection);
+    } catch (const basic::RuntimeError& e) {
+        showGridError("SHOW_CA_MENU_GRID", e, " Exception case: CA Item Show");
+    }
+}
+
+void frmkerala::openGrid(const GridEntry& entry) {
+    loadGrid(entry);
+    showGrid(this->*entry.reference);
+}
+
+// A grid is made and filled once for the run; later openings only show it, with its rows, scroll place
+// and filter as the user left them.
+void frmkerala::loadGrid(const GridEntry& entry) {
+    frmGlobalSections*& grid = this->*entry.reference;
+    if (grid) return;
+    grid = new frmGlobalSections;
+    // Owned by this window, as a window of its own that stays in front of it.
+    grid->setParent(this, Qt::Window);
+    // The value comes by reference; the Go handlers catch their own errors.
+    if (entry.go)
+        connect(grid, &frmGlobalSections::GoClicked, this,
+                [this, go = entry.go](frmGlobalSections* frm, basic::Variant& value) { (this->*go)(frm, value); });
+    if (entry.back)
+        forms::wire(grid, &frmGlobalSections::BackClicked, this,
+                    [this, back = entry.back](frmGlobalSections* frm) { (this->*back)(frm); });
+    if (entry.dontShowOleForm) grid->setDontShowOleForm(true);
+
+    const QString query = entry.query ? QString::fromUtf8(entry.query) : AlliedFormsQuery();
+    if (entry.recordSetByTable) {
+        grid->setRecSet(shell::getRecordSet(query, QStringLiteral("Kerala")));
+    } else {
+        const store::Connection& cn = entry.libraryFile == 3 ? shell::cnLibrary3 : shell::cnLibrary1;
+        grid->setRecSet(shell::getRecordSetByCn(query, cn));
+    }
+    grid->setHeader(QString::fromUtf8(entry.header));
+    if (!entry.dontShowOleForm) grid->setWindowTitle(grid->Header());
+    grid->setAutoSizeColumnIndex(entry.autoSizeColumnIndex);
+    grid->setSearchColumnIndex(entry.searchColumnIndex);
+    grid->setDetailIndex(entry.detailIndex);
+    if (entry.hiddenIDIndex >= 0) grid->setHiddenIDIndex(entry.hiddenIDIndex);
+    grid->setConnectionString(entry.libraryFile == 3 ? shell::strLibraryCn3 : shell::strLibraryCn1);
+    grid->setOleTableName(QString::fromUtf8(entry.oleTableName));
+    grid->setOleColumnName(QStringLiteral("fname"));
+    grid->setPredicateColumnName(QString::fromUtf8(entry.predicateColumnName));
+    grid->setPredicateValueColumnIndex(entry.predicateValueColumnIndex);
+    grid->setAdditionalSearchConditions(QString::fromUtf8(entry.additionalSearchConditions));
+    grid->LoadGridData();
+}
+
+void frmkerala::showGrid(frmGlobalSections* grid) {
+    if (!grid) throw forms::objectNotSet();
+    grid->show();
+    grid->raise();
+    grid->activateWindow();
+}
+
+void frmkerala::showSelectStatus() {
+    if (!shell::wordSearchColumn.isEmpty())
+        StatusBar1->Panels(1).setText(QStringLiteral(
+            "Select the required item from list box by search or manual and press Go button to display the data"));
+    Form_Resize();
+}
+
+// The act sections, each listed before its last hyphen unless the text has its first hyphen in first
+// place or none; the row's ID goes with the entry for the click's lookup.
+void frmkerala::fillActSectionList() {
+    List1->Clear();
+    if (shell::rsWordSearch.isNothing()) shell::rsWordSearch = store::Recordset();   // made on first use
+    if (shell::rsWordSearch.State() == 1) shell::rsWordSearch.Close();
+    shell::rsWordSearch.Open(QStringLiteral("SELECT Keralafields.ID, Keralafields.ActSection FROM Keralafields WHERE "
+                                            "(((Keralafields.ActSection) Is Not Null)) ORDER BY Keralafields.ID;"),
+                             shell::GetFirstLibraryConnection(), store::Recordset::adOpenDynamic,
+                             store::Recordset::adLockOptimistic);
+    List1->Clear();
+    while (!shell::rsWordSearch.Eof()) {
+        QString text = basic::CStr(shell::rsWordSearch.Fields(QStringLiteral("ActSection")).Value());
+        if (!text.isEmpty()) {
+            if (basic::InStr(text, QStringLiteral("-")) > 1) text = text.left(text.lastIndexOf(QLatin1Char('-')));
+            List1->AddItem(text);
+            List1->setItemData(List1->NewIndex(),
+                               int(basic::CDbl(shell::rsWordSearch.Fields(QStringLiteral("ID")).Value())));
+        }
+        shell::rsWordSearch.MoveNext();
+    }
+    shell::wordSearchTable = QStringLiteral("Keralafields");
+    shell::wordSearchColumn = QStringLiteral("ActSection");
+    shell::wordSearchOrderBy = QStringLiteral("ActSection");
+}
+
+void frmkerala::showListPage(QPushButton* go, QPushButton* back, bool focusSearch) {
+    Frame1->hide();
+    Frame2->show();
+    go->show();
+    go->raise();
+    back->show();
+    back->raise();
+    for (QWidget* w : {static_cast<QWidget*>(List1), static_cast<QWidget*>(Text1), static_cast<QWidget*>(Text3),
+                       static_cast<QWidget*>(Cmdwordsearch)})
+        w->show();
+    Text1->clear();
+    if (focusSearch) shell::SafeSetFocus(Text3);
+}
 
 void frmkerala::RegisterComponent(const QString& fileName, int mode, std::int32_t& result) {
     if (mode == 0)

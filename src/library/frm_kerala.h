@@ -10,6 +10,7 @@
 #include <QWidget>
 #include <cstdint>
 
+#include "platform/basic/variant.h"
 #include "platform/forms/image_list.h"
 #include "platform/forms/tree_view.h"
 
@@ -22,6 +23,7 @@ class Toolbar;
 namespace library {
 
 class frmGlobalSections;
+struct GridEntry;
 
 class frmkerala : public QWidget {
     Q_OBJECT
@@ -78,7 +80,7 @@ public:
     void Tvw_KeyDown(int KeyCode, int Shift);
     void Tvw_MouseDown();
     void Tvw_MouseMove();
-    // The grid-opening handlers; they come to life with the grid window and do nothing until then.
+    // A node opens the grid of its catalogue row (made once, shown again); keys with no row do nothing.
     void Tvw_DblClick();
     void tvw2_DblClick();
     void tvwc_DblClick();
@@ -91,6 +93,77 @@ public:
 
     // Mode 0 registers the component file, mode 1 unregisters it; any other mode gives 0 and calls nothing.
     void RegisterComponent(const QString& fileName, int mode, std::int32_t& result);
+
+    // ---- answers to the grids and to the list page's buttons (section_handlers.cpp) -----------------
+    // Each GoClicked handler points keralaforms at its query and shows it; its own errors end in one box.
+    void gsNotificationNumber_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsNotificationSubject_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsNotificationSection_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsCircularSection_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsCircularSubject_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsCircularNumber_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsArJudgmentCitation_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsArJudgmentSection_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsArJudgmentSubject_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsJudgmentCitation_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsJudgmentSection_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void gsJudgmentSubject_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjSectionIndexKGSTGB_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjGenSaleTaxActGB_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjGSTPaperReportGB_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjGSTRuleGB_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjAlliedActGB_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjAlliedRuleGB_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjAlliedFormsGB_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjAlliedCircularsGB_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjAlliedNotificationsGB_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjFormGlobalSections_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjScheduleGlobalSection_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    void ObjCAMenuItemGlobalSection_GoClicked(frmGlobalSections* frm, basic::Variant& value);
+    // The BackClicked handlers show this window again; the other grids have none.
+    void gsJudgmentCitation_BackClicked(frmGlobalSections* frm);
+    void ObjSectionIndexKGSTGB_BackClicked(frmGlobalSections* frm);
+    void ObjGenSaleTaxActGB_BackClicked(frmGlobalSections* frm);
+    void ObjGSTPaperReportGB_BackClicked(frmGlobalSections* frm);
+    void ObjGSTRuleGB_BackClicked(frmGlobalSections* frm);
+    void ObjAlliedActGB_BackClicked(frmGlobalSections* frm);
+    void ObjAlliedRuleGB_BackClicked(frmGlobalSections* frm);
+    void ObjAlliedFormsGB_BackClicked(frmGlobalSections* frm);
+    void ObjAlliedCircularsGB_BackClicked(frmGlobalSections* frm);
+    void ObjAlliedNotificationsGB_BackClicked(frmGlobalSections* frm);
+    // The list page: a Go shows the document List1_Click prepared; a Back returns to a tree or to none.
+    void cmdactgo_Click();
+    void cmdrulego_Click();
+    void cmdshgo_Click();
+    void judgo_Click();
+    void formsgo_Click();
+    void rngo_Click();
+    void Command1_Click();
+    void notGo_Click();
+    void aligo_Click();
+    void cmdactback_Click();
+    void cmdruleback_Click();
+    void cmdshback_Click();
+    void judback_Click();
+    void formsback_Click();
+    void rnback_Click();
+    void Command4_Click();
+    void notBack_Click();
+    void aliback_Click();
+
+private:
+    void wireListPageButtons();
+    void openGrid(const GridEntry& entry);
+    void loadGrid(const GridEntry& entry);
+    void showGrid(frmGlobalSections* grid);
+    void fillActSectionList();
+    void showListPage(QPushButton* go, QPushButton* back, bool focusSearch);
+    void showSelectStatus();
+    void pointAndShow(const QString& connection, const QString& query);
+    void backToTree(forms::TreeView* tree, bool takeFocus);
+    void showDocumentModally();
+    void openReturnChooser();
+    // ---- end of the grid answers ----------------------------------------------------------------------
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

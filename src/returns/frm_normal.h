@@ -10,10 +10,18 @@
 #include <QWidget>
 #include <cstdint>
 #include <functional>
+#include <utility>
+#include <vector>
 
 namespace forms {
 class FlexGrid;
 class ListBox;
+}
+namespace reports {
+class CrystalReport;
+}
+namespace store {
+class Recordset;
 }
 
 namespace returns {
@@ -135,6 +143,23 @@ public:
     // The month's one row of tblCommon, from the rate-wise labels.
     void procWriteCommon();
 
+    // ---- the staging tables the registers print from --------------------------------------------------
+    // Key rows of the three summaries; the summaries from tblCommon; the bills from the grids.
+    void procLoadKey();
+    void procLoadRptPurchaseC();
+    void procLoadRptPurchaseInterStateC();
+    void procLoadRptSalesC();
+    void procLoadRptPurchase();
+    void procRptPurchaseInterState();
+    void procLoadRptSales();
+
+    // ---- posting the labels' figures to the return pages -----------------------------------------------
+    using PageBoxes = std::vector<std::pair<QString, QString>>;     // box column, text to store
+    void procExportPurchaseLocal();
+    void procExportSalesLocal();
+    void procExportPurchaseInterState();
+    void procExportSales();
+
     // ---- the pick lists -----------------------------------------------------------------------------
     forms::ListBox* List1 = nullptr;
     void txtRPTo_GotFocus();
@@ -157,6 +182,11 @@ public:
     void cmdDelete_KeyPress(int KeyAscii);
     void cmdClose_Click();
     void cmdClose_KeyPress(int KeyAscii);
+    void cmdExport_Click();
+    void cmdExport_KeyPress(int KeyAscii);
+    void cmdPrint1_Click();
+    void Command2_Click();
+    reports::CrystalReport* CrystalReport1 = nullptr;
     // Close without showing the chooser: what the chooser's Cancel does to this window.
     void Unload();
 
@@ -176,6 +206,13 @@ private:
 
     enum class BillKind { Local, InterState, Sales };
     void writeBills(BillKind kind);
+    void storeGridRows(store::Recordset& rs, bool sales, bool withPlace, bool dateAsText);
+    void stageBills(BillKind kind);
+    enum class Summary { Purchase, InterState, Sales };
+    void stageSummary(Summary which);
+    void exportPage(const QString& table, const PageBoxes& updateBoxes, const PageBoxes& newRowBoxes);
+    void exportMonth();
+    void printRegister(const QString& templateFile);
     void readBills(BillKind kind, bool ordered);
     QString monthFilter(const QString& table) const;
     void commitMonth(bool enableList4, bool markFirstRows);

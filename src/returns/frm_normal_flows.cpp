@@ -2,6 +2,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
+#include "platform/forms/event_tap.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/keys.h"
 #include "platform/forms/list_box.h"
@@ -9,6 +10,7 @@
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
+#include "platform/reports/crystal_report.h"
 #include "returns/frm_normal.h"
 #include "returns/frm_select.h"
 #include "returns/module2.h"
@@ -25,19 +27,7 @@ using basic::Variant;
 
 QString today(const char* format) { return basic::Format(Variant(basic::Clock::today()), QString::fromLatin1(format)); }
 
-// Runs a handler for each event of one widget; the handler says whether the event is used up.
-class EventTap : public QObject {
-public:
-    EventTap(QObject* parent, std::function<bool(QEvent*)> handler) : QObject(parent), handler_(std::move(handler)) {}
-    bool eventFilter(QObject*, QEvent* event) override {
-        bool used = false;
-        forms::guard([&] { used = handler_(event); });
-        return used;
-    }
-
-private:
-    std::function<bool(QEvent*)> handler_;
-};
+using forms::EventTap;
 
 bool isEnter(QEvent* e) {
     if (e->type() != QEvent::KeyPress) return false;
@@ -126,6 +116,10 @@ void frmNormal::buildFlows() {
     forms::wire(cmdAdd, &QPushButton::clicked, this, [this] { cmdAdd_Click(); });
     forms::wire(cmdDelete, &QPushButton::clicked, this, [this] { cmdDelete_Click(); });
     forms::wire(cmdClose, &QPushButton::clicked, this, [this] { cmdClose_Click(); });
+    forms::wire(cmdExport, &QPushButton::clicked, this, [this] { cmdExport_Click(); });
+    forms::wire(cmdPrint1, &QPushButton::clicked, this, [this] { cmdPrint1_Click(); });
+    forms::wire(Command2, &QPushButton::clicked, this, [this] { Command2_Click(); });
+    CrystalReport1 = new reports::CrystalReport(this);
     const auto focusColours = [this](QPushButton* button, unsigned in, unsigned out,
                                      std::function<void(int)> keyPress) {
         tapEvents(button, [this, button, in, out, keyPress](QEvent* e) {
@@ -141,7 +135,7 @@ void frmNormal::buildFlows() {
     focusColours(cmdAdd, 0xC0FFFF, 0xC0C0FF, [this](int k) { cmdAdd_KeyPress(k); });
     focusColours(cmdDelete, 0xC0FFFF, 0xC0C0FF, [this](int k) { cmdDelete_KeyPress(k); });
     focusColours(cmdClose, 0xC0FFFF, 0xC0C0FF, [this](int k) { cmdClose_KeyPress(k); });
-    focusColours(cmdExport, 0xC0FFFF, 0xC0C0FF, nullptr);
+    focusColours(cmdExport, 0xC0FFFF, 0xC0C0FF, [this](int k) { cmdExport_KeyPress(k); });
     focusColours(Command2, 0xC0FFFF, 0xFFC0FF, nullptr);
 }
 
@@ -277,7 +271,10 @@ void frmNormal::List4_Click() {
 // ---- Add ------------------------------------------------------------------------------------------------
 
 // The whole store work of the press is one transaction: if any of it fails, nothing of it is stored,
-// the grids get back what was typed and the box says what failed.
+// the grids get back what was typed and the box says what failed. The summaries are staged twice: the
+// first staging finds no key row (ClearTable has just removed it) and passes silently; the second, on
+// fresh key rows and the tblCommon row just written, fills them. The second staging runs before the
+// box, so that the transaction is not held open while the box waits; it reports nothing either way.
 void frmNormal::addMonth(bool byEnter) {
     const Typed typed{cellsOf(fg1), cellsOf(fg2), txtDate->text(), txtPlace->text()};
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -285,17 +282,40 @@ void frmNormal::addMonth(bool byEnter) {
     store::Connection transaction = cnReturn;
     transaction.BeginTrans();
     storeStep_.clear();
+    const bool local = List4->ListIndex() == 0;
     const basic::RuntimeError failure = basic::resume([&] {
-        if (List4->ListIndex() == 0) {
+        storeStep_ = QStringLiteral("preparing the registers");
+        procLoadKey();
+        if (local) {
             procWritePurchase();
             procReadPurchase();
+            storeStep_ = QStringLiteral("preparing the purchase register");
+            ClearTable(QStringLiteral("tblRptPurchase1"));
+            procLoadRptPurchase();
+            ClearTable(QStringLiteral("tblRptPurchaseC"));
+            procLoadRptPurchaseC();
         } else {
             procWritePurchaseInterState();
             procReadPurchaseInterState();
+            storeStep_ = QStringLiteral("preparing the purchase register");
+            ClearTable(QStringLiteral("tblRptPurchaseInterState"));
+            procRptPurchaseInterState();
+            ClearTable(QStringLiteral("tblRptPurchaseInterStateC"));
+            procLoadRptPurchaseInterStateC();
         }
         procWriteSales();
         procReadSales_1();
         procWriteCommon();
+        storeStep_ = QStringLiteral("preparing the sales register");
+        ClearTable(QStringLiteral("tblRptSales"));
+        procLoadRptSalesC();
+        ClearTable(QStringLiteral("tblRptSales1"));
+        procLoadRptSales();
+        storeStep_ = QStringLiteral("preparing the registers");
+        procLoadKey();
+        if (local) procLoadRptPurchaseC();
+        else procLoadRptPurchaseInterStateC();
+        procLoadRptSalesC();
         transaction.CommitTrans();
     });
     QApplication::restoreOverrideCursor();

@@ -66,22 +66,46 @@ bool frmNormal::fnRecordExistsNormal(const QString& tableName) {
     return exists;
 }
 
-// The return pages are keyed by the fixed year and period, and the month in the sequence column.
-void frmNormal::procNewRecExists(const QString& tableName) {
-    ConnectReturnStore();
-    if (rsLookup.State() == 1) rsLookup.Close();
-    SqlText = "SELECT * FROM  " + tableName + "    WHERE cCode='" + DealerCode + "'  AND cYear='2008' AND cSequence='" +
-              "Monthly" + "' AND cRPFrom='" + txtRPTo->text() + "'";
-    rsLookup.Open(SqlText, cnReturn, Recordset::adOpenDynamic, Recordset::adLockOptimistic);
-    ReturnRowExists = !rsLookup.Eof();
-    rsLookup.Close();
+// Adds one row to rs for each grid row from row 1, blank or not; a blank row after a stored one (rate,
+// party and date all empty) is dropped from the grid instead. The bill tables hold BillDate as a date,
+// the report copies keep the cell's text.
+void frmNormal::storeGridRows(store::Recordset& rs, bool sales, bool withPlace, bool dateAsText) {
+    forms::FlexGrid* grid = sales ? fg2 : fg1;
+    const QString what = sales ? QStringLiteral("sales bill ") : QStringLiteral("purchase bill ");
+    std::int16_t row = 1;
+    while (row < grid->Rows()) {
+        storeStep_ = what + QString::number(row);
+        rs.AddNew();
+        for (int c = 0; c < 10; ++c) {
+            const QString cell = grid->TextMatrix(row, c);
+            if (basic::Trim(cell).size() == 0) continue;
+            if (c == 1 && !dateAsText) rs.Fields(QStringLiteral("BillDate")) = Variant(DateFromBillText(cell));
+            else rs.Fields(QString::fromLatin1(kBillColumns[c])) = Variant(cell);
+        }
+        const auto control = [&](const char* column, const QString& text) {
+            if (basic::Trim(text).size() > 0) rs.Fields(QString::fromLatin1(column)) = Variant(basic::Trim(text));
+        };
+        control("cMonth", txtMonth->text());
+        control("cAddress", lblCustomerName->text());
+        control("eDate", txtDate->text());
+        if (withPlace) control("Place", txtPlace->text());
+        rs.Fields(QStringLiteral("cCode")) = Variant(DealerCode);
+        rs.Update();
+        ++row;
+        // Only rate, party and date decide that a row is blank; what else it holds is dropped with it.
+        // A run of blank rows all goes at this one place, so none of them is stored.
+        while (row < grid->Rows() && grid->TextMatrix(row, 5).isEmpty() && grid->TextMatrix(row, 2).isEmpty() &&
+               grid->TextMatrix(row, 1).isEmpty()) {
+            if (sales) fnDeleteRow2(row);
+            else fnDeleteRow(row);
+        }
+    }
 }
 
 // Before: the grid is the working copy. After: the month's rows of the kind's table are the grid's rows,
 // every row but blank ones after the first, and those blank rows are gone from the grid too.
 void frmNormal::writeBills(BillKind kind) {
     const QString table = tableOf(int(kind));
-    forms::FlexGrid* grid = kind == BillKind::Sales ? fg2 : fg1;
     const bool withPlace = kind != BillKind::Sales;
 
     ConnectReturnStore();
@@ -100,35 +124,7 @@ void frmNormal::writeBills(BillKind kind) {
     SqlText = kind == BillKind::Local ? monthFilter(table) + "ORDER BY BillDate" : "SELECT * FROM " + table + " ORDER BY BillDate";
     rsBills.Open(SqlText, cnReturn, Recordset::adOpenKeyset, Recordset::adLockOptimistic);
 
-    const QString what = kind == BillKind::Sales ? QStringLiteral("sales bill ") : QStringLiteral("purchase bill ");
-    std::int16_t row = 1;
-    while (row < grid->Rows()) {
-        storeStep_ = what + QString::number(row);
-        rsBills.AddNew();
-        for (int c = 0; c < 10; ++c) {
-            const QString cell = grid->TextMatrix(row, c);
-            if (basic::Trim(cell).size() == 0) continue;
-            if (c == 1) rsBills.Fields(QStringLiteral("BillDate")) = Variant(DateFromBillText(cell));
-            else rsBills.Fields(QString::fromLatin1(kBillColumns[c])) = Variant(cell);
-        }
-        const auto control = [&](const char* column, const QString& text) {
-            if (basic::Trim(text).size() > 0) rsBills.Fields(QString::fromLatin1(column)) = Variant(basic::Trim(text));
-        };
-        control("cMonth", txtMonth->text());
-        control("cAddress", lblCustomerName->text());
-        control("eDate", txtDate->text());
-        if (withPlace) control("Place", txtPlace->text());
-        rsBills.Fields(QStringLiteral("cCode")) = Variant(DealerCode);
-        rsBills.Update();
-        ++row;
-        // Only rate, party and date decide that a row is blank; what else it holds is dropped with it.
-        // A run of blank rows all goes at this one place, so none of them is stored.
-        while (row < grid->Rows() && grid->TextMatrix(row, 5).isEmpty() && grid->TextMatrix(row, 2).isEmpty() &&
-               grid->TextMatrix(row, 1).isEmpty()) {
-            if (kind == BillKind::Sales) fnDeleteRow2(row);
-            else fnDeleteRow(row);
-        }
-    }
+    storeGridRows(rsBills, kind == BillKind::Sales, withPlace, false);
     rsBills.Close();
 }
 

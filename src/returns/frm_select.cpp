@@ -2,6 +2,7 @@
 
 #include "platform/basic/clock.h"
 #include "platform/basic/variant.h"
+#include "platform/forms/event_tap.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
@@ -31,18 +32,7 @@ void paint(QWidget* w, unsigned back, unsigned fore) {
     w->setAutoFillBackground(true);
 }
 
-class EventTap : public QObject {
-public:
-    EventTap(QObject* parent, std::function<bool(QEvent*)> handler) : QObject(parent), handler_(std::move(handler)) {}
-    bool eventFilter(QObject*, QEvent* event) override {
-        bool used = false;
-        forms::guard([&] { used = handler_(event); });
-        return used;
-    }
-
-private:
-    std::function<bool(QEvent*)> handler_;
-};
+using forms::EventTap;
 
 bool isEnter(const QEvent* e) {
     if (e->type() != QEvent::KeyPress) return false;

@@ -20,7 +20,7 @@ public:
     QPushButton* cmdClose = nullptr;
 
     // The language's Show: Form_Load on first showing, then Form_Activate.
-    void Show();
+    Q_INVOKABLE void Show();
     void Form_Load();
     void Form_Activate();
     // Double click and Enter choose the option; only the double click hides the chooser after.

@@ -20,6 +20,8 @@ QString DealerCST;
 QString ReturnDealerCode;
 bool DirectToForm = false;
 QString ReturnYearKey;
+QString ReturnSequenceKey;
+QString ReturnPeriodKey;
 
 namespace {
 const QString kDriver = QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=");

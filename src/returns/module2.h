@@ -26,6 +26,9 @@ extern QString DealerCST;
 extern QString ReturnDealerCode;
 extern bool DirectToForm;
 extern QString ReturnYearKey;
+// The key of a return-page row beside the year (Export).
+extern QString ReturnSequenceKey;
+extern QString ReturnPeriodKey;
 
 // A fresh connection on nwForm10DB.mdb in the program folder, and fresh recordsets; the old connection
 // is let go, not closed. The return files are made first when missing.

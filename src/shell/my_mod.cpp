@@ -155,6 +155,11 @@ bool IsNameInGlobalvat(const QString& name) {
 
 store::Connection GetFirstLibraryConnection() { return cnLibrary1; }
 BrowserLayout GetBrowserLayout() { return layoutRecord; }
+sys::FileSystemObject& GetFileSystem() {
+    static sys::FileSystemObject fileSystem;
+    return fileSystem;
+}
+
 bool ShowErrorDetail() { return true; }
 
 bool IsDevelopmentRun() {

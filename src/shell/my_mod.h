@@ -1,6 +1,7 @@
 #pragma once
 // MyMOD: the law library's access to its three database files, and the small shared routines of the shell.
 #include "platform/store/connection.h"
+#include "platform/system/file_system.h"
 #include "platform/store/recordset.h"
 #include "shell/cls_table.h"
 
@@ -47,6 +48,8 @@ bool IsQueryReturnsNullCnStr(const QString& query, const QString& connectionStri
 void PointStandbyDocument();
 bool IsNameInGlobalvat(const QString& name);
 store::Connection GetFirstLibraryConnection();
+// The one file-system object of the run, made on first use.
+sys::FileSystemObject& GetFileSystem();
 BrowserLayout GetBrowserLayout();
 bool ShowErrorDetail();
 bool IsDevelopmentRun();

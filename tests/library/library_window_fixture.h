@@ -3,35 +3,20 @@
 // a stand-in for the state browser registered as app/ registers them.
 #include "library/frm_global_sections.h"
 #include "library/keralaforms.h"
-#include "platform/basic/app_path.h"
 #include "platform/forms/window_registry.h"
-#include "shell/my_mod.h"
-#include "support/printers.h"
-#include "support/qt_app.h"
+#include "shell/library_fixture.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-
-class LibraryWindows : public ::testing::Test {
+class LibraryWindows : public LibraryFixture {
 protected:
     void SetUp() override {
-        ensureApp();
-        ASSERT_TRUE(dir.isValid());
-        for (const char* f : {"0909214SD01.mdb", "1309214SD02.mdb", "1509214SD03.mdb"})
-            ASSERT_TRUE(QFile::copy(QStringLiteral(VORLAN_PROGRAM_DIR "/") + f, dir.filePath(f))) << f;
-        basic::SetAppPath(dir.path());
-        shell::InitLibraryStore();
+        LibraryFixture::SetUp();
         forms::reset();
         forms::define(QStringLiteral("keralaforms"), [] { return new library::keralaforms; });
         forms::define(QStringLiteral("frmkerala"), [] { return new QWidget; });
     }
     void TearDown() override {
         forms::reset();
-        shell::cnLibrary1 = shell::cnLibrary2 = shell::cnLibrary3 = store::Connection();
-        basic::SetAppPath(QString());
+        LibraryFixture::TearDown();
     }
     library::keralaforms* kf() { return forms::get<library::keralaforms>(QStringLiteral("keralaforms")); }
-
-    QTemporaryDir dir;
 };

@@ -5,8 +5,10 @@
 #include <QBuffer>
 #include <QPdfDocument>
 #include <QPdfView>
+#include <QPointer>
 #include <QStackedLayout>
 #include <QTextBrowser>
+#include <QTextDocument>
 
 namespace documents {
 
@@ -41,9 +43,18 @@ void DocumentView::setDocument(const QByteArray& bytes) {
     switch (kind_) {
     case Kind::None:
         return;
-    case Kind::Rtf:
-        readRtf(bytes, *text_->document());
+    case Kind::Rtf: {
+        // Read into a document that no editor lays out yet, then hand it over whole: a layout that
+        // follows every insertion costs many times the reading.
+        QPointer<QTextDocument> shown = text_->document();   // the editor deletes its own first one
+        auto* fresh = new QTextDocument(text_);
+        fresh->setDefaultFont(shown->defaultFont());
+        fresh->setDocumentMargin(shown->documentMargin());
+        readRtf(bytes, *fresh);
+        text_->setDocument(fresh);
+        if (shown && shown->parent() == text_) delete shown;
         break;
+    }
     case Kind::Html:
         text_->setHtml(decodeHtml(bytes));
         break;

@@ -69,9 +69,10 @@ QString databasePath(const QString& connectionString) {
 
 namespace detail {
 
+// Never destroyed: a record set held in a global may release its database after every static is gone.
 static std::map<QString, std::weak_ptr<Database>>& pool() {
-    static std::map<QString, std::weak_ptr<Database>> handles;
-    return handles;
+    static auto* handles = new std::map<QString, std::weak_ptr<Database>>;
+    return *handles;
 }
 
 std::shared_ptr<Database> Database::acquire(const QString& path, const QString& key, bool create) {

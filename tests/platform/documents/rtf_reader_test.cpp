@@ -225,7 +225,7 @@ TEST(RtfSpeed, OneMegabyteReadsFast) {
     std::printf("[ figure ] %lld bytes of RTF, %d paragraphs read in %lld ms\n", static_cast<long long>(rtf.size()),
                 paragraphs, static_cast<long long>(ms));
     EXPECT_EQ(document.blockCount(), paragraphs);
-    EXPECT_LT(ms, 100);
+    EXPECT_LT(ms, 300);  // about 40 ms on a quiet machine, 130 ms on a busy one; a slip to quadratic time is seconds
 }
 
 }  // namespace

@@ -1,0 +1,93 @@
+#include "platform/reports/preview_window.h"
+
+#include "platform/basic/runtime_error.h"
+#include "platform/reports/register_painter.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGraphicsView>
+#include <QScrollBar>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace reports {
+
+PreviewWindow::PreviewWindow(QWidget* parent) : QWidget(parent, Qt::Window), printer_(QPrinter::HighResolution) {
+    setWindowTitle(QStringLiteral("Register"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    toolBar = new QToolBar(this);
+    view = new QPrintPreviewWidget(&printer_, this);
+    layout->addWidget(toolBar);
+    layout->addWidget(view, 1);
+
+    actPrint = toolBar->addAction(QStringLiteral("Print..."), this, [this] {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setPageLayout(template_.pageLayout());
+        QPrintDialog dialog(&printer, this);
+        if (dialog.exec() == QDialog::Accepted) printOn(&printer);
+    });
+    actSavePdf = toolBar->addAction(QStringLiteral("Save as PDF..."), this, [this] {
+        const QString name = QFileInfo(template_.file).completeBaseName() + QStringLiteral(".pdf");
+        const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save the register as PDF"), name,
+                                                          QStringLiteral("PDF files (*.pdf)"));
+        if (!path.isEmpty()) savePdf(path);
+    });
+    toolBar->addSeparator();
+    toolBar->addAction(QStringLiteral("First"), view, [this] { showTop(); });
+    toolBar->addAction(QStringLiteral("Previous"), view, [this] { view->setCurrentPage(view->currentPage() - 1); });
+    toolBar->addAction(QStringLiteral("Next"), view, [this] { view->setCurrentPage(view->currentPage() + 1); });
+    toolBar->addAction(QStringLiteral("Last"), view, [this] { view->setCurrentPage(view->pageCount()); });
+    lblPage = new QLabel(this);
+    lblPage->setContentsMargins(8, 0, 8, 0);
+    toolBar->addWidget(lblPage);
+    toolBar->addSeparator();
+    toolBar->addAction(QStringLiteral("Zoom in"), view, [this] { view->zoomIn(); });
+    toolBar->addAction(QStringLiteral("Zoom out"), view, [this] { view->zoomOut(); });
+    toolBar->addAction(QStringLiteral("Page width"), view, [this] { view->fitToWidth(); });
+    toolBar->addAction(QStringLiteral("Whole page"), view, [this] { view->fitInView(); });
+    toolBar->addSeparator();
+    toolBar->addAction(QStringLiteral("Close"), this, [this] { close(); });
+
+    connect(view, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
+        pages_ = paintRegister(template_, data_, printer);
+    });
+    connect(view, &QPrintPreviewWidget::previewChanged, this, [this] { showPageNumber(); });
+    resize(900, 1000);
+}
+
+void PreviewWindow::setRegister(const ReportTemplate& t, const ReportData& d) {
+    template_ = t;
+    data_ = d;
+    printer_.setPageLayout(t.pageLayout());
+    setWindowTitle(t.title.isEmpty() ? QFileInfo(t.file).fileName() : fillFields(t.title, d.heading));
+    view->updatePreview();
+    view->fitToWidth();
+    showTop();
+}
+
+void PreviewWindow::showTop() {
+    view->setCurrentPage(1);
+    // Going to a page centres it; a page taller than the window is then shown from its top.
+    if (auto* pages = view->findChild<QGraphicsView*>()) pages->verticalScrollBar()->setValue(pages->verticalScrollBar()->minimum());
+    showPageNumber();
+}
+
+void PreviewWindow::printOn(QPrinter* printer) { paintRegister(template_, data_, printer); }
+
+void PreviewWindow::savePdf(const QString& path) {
+    const basic::RuntimeError e = basic::resume([&] { writePdf(template_, data_, path); });
+    if (e.number() != 0) QMessageBox::warning(this, QStringLiteral("Not saved"), e.description());
+}
+
+void PreviewWindow::showPageNumber() {
+    lblPage->setText(QStringLiteral("Page %1 of %2").arg(view->currentPage()).arg(view->pageCount()));
+}
+
+}  // namespace reports

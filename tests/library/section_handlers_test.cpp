@@ -1,0 +1,444 @@
+// From a node of frmkerala to a document on the sample library: every grid of the catalogue, every Go
+// and Back answer, the list page's buttons, the dormant keys.
+#include "library_window_fixture.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+#include "library/frm_kerala.h"
+#include "library/grid_catalogue.h"
+#include "platform/forms/list_box.h"
+#include "platform/forms/msgbox.h"
+#include "platform/forms/status_bar.h"
+#include "platform/forms/toolbar.h"
+
+using library::frmGlobalSections;
+using library::frmkerala;
+using GridRef = frmGlobalSections* frmkerala::*;
+using GoHandler = void (frmkerala::*)(frmGlobalSections*, basic::Variant&);
+
+namespace {
+
+// A document row: the library file it lies in and the statement that finds it.
+struct Doc {
+    int file;
+    const char* where;
+};
+const Doc kStandby{1, "SELECT fname FROM Globalvat WHERE name='default'"};
+
+const QString kSelectStatus = QStringLiteral(
+    "Select the required item from list box by search or manual and press Go button to display the data");
+
+}  // namespace
+
+class Browser : public LibraryWindows {
+protected:
+    void SetUp() override {
+        LibraryWindows::SetUp();
+        forms::define(QStringLiteral("main"), [] { return new QWidget; });
+        forms::define(QStringLiteral("frmkerala"), [] { return new frmkerala; });
+        forms::define(QStringLiteral("frmSelect"), [] { return new QWidget; });
+        shell::wordSearchTable.clear();
+        shell::wordSearchColumn.clear();
+        shell::wordSearchOrderBy.clear();
+        w = forms::get<frmkerala>(QStringLiteral("frmkerala"));
+        w->setWindowState(Qt::WindowNoState);
+        w->resize(1366, 768);
+        w->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(w));
+    }
+
+    // A toolbar press, then a click on the node as a user gives it: double, or single for the allied tree.
+    void openNode(const QString& toolbarKey, forms::TreeView* tree, const QString& nodeKey) {
+        w->Toolbar2_ButtonClick(toolbarKey);
+        if (!tree) return;
+        QTreeWidgetItem* item = tree->Nodes(nodeKey).item();
+        if (item->parent()) item->parent()->setExpanded(true);   // a double click on the root folds it
+        const QPoint pos = tree->viewport()->mapTo(w, tree->visualItemRect(item).center());
+        if (tree == w->tvwali)
+            QTest::mouseClick(w->windowHandle(), Qt::LeftButton, {}, pos);
+        else
+            QTest::mouseDClick(w->windowHandle(), Qt::LeftButton, {}, pos);
+    }
+
+    static QByteArray bytesOf(const Doc& doc) {
+        const store::Connection& cn =
+            doc.file == 1 ? shell::cnLibrary1 : doc.file == 2 ? shell::cnLibrary2 : shell::cnLibrary3;
+        return shell::getRecordSetByCn(QString::fromUtf8(doc.where), cn).Fields(QStringLiteral("fname")).Value().bytes();
+    }
+    static QString connectionOf(int file) {
+        return file == 1 ? shell::strLibraryCn1 : file == 2 ? shell::strLibraryCn2 : shell::strLibraryCn3;
+    }
+    // The document window stands on this row, through this file's connection.
+    void expectDocument(const Doc& doc) {
+        EXPECT_TRUE(kf()->isVisible());
+        EXPECT_EQ(kf()->MSRDC1->Connect(), connectionOf(doc.file));
+        const QByteArray want = bytesOf(doc);
+        ASSERT_FALSE(want.isEmpty()) << doc.where;
+        EXPECT_EQ(kf()->MSRDC1->bytes(QStringLiteral("fname")), want) << doc.where;
+        EXPECT_EQ(kf()->OLE1->DataField(), QStringLiteral("fname"));
+    }
+
+    static void pick(frmGlobalSections* grid, int column, const QString& value) {
+        for (int row = 0; row < grid->DataGrid1->RowCount(); ++row) {
+            grid->DataGrid1->setRow(row);
+            if (grid->DataGrid1->ColumnText(column) == value) return;
+        }
+        ADD_FAILURE() << "no row " << value.toStdString();
+    }
+
+    frmkerala* w = nullptr;
+    forms::MsgBoxRecorder boxes;
+};
+
+TEST_F(Browser, EveryCatalogueRowOpensItsGridAndGoShowsItsRow) {
+    // The allied circulars and notifications have rows but no node yet: the test gives them one.
+    w->tvwali->Nodes.Add(QStringLiteral("One"), forms::tvwChild, QStringLiteral("Sec4al"), QStringLiteral("Circulars"));
+    w->tvwali->Nodes.Add(QStringLiteral("One"), forms::tvwChild, QStringLiteral("Sec5al"), QStringLiteral("Notif"));
+    struct Row {
+        const char* toolbar;
+        forms::TreeView* frmkerala::*tree;   // nullptr: the toolbar key opens the grid
+        const char* node;
+        GridRef grid;
+        long rows;
+        int column;                          // the column and text of the row picked; column -1: Go
+        const char* value;                   // raised with this value on the empty grid
+        Doc doc;
+    };
+    const Row table[] = {
+        {"Act", &frmkerala::Tvw, "VAT", &frmkerala::ObjActGlobalSections, 6, 1, "1-2", {1, "SELECT fname FROM Kerala WHERE id=5"}},
+        {"Act", &frmkerala::Tvw, "KGST", &frmkerala::ObjSectionIndexKGSTGB, 1, 0, "Section index KGST", {1, "SELECT fname FROM Kerala WHERE id=9"}},
+        {"Act", &frmkerala::Tvw, "GENERAL", &frmkerala::ObjGenSaleTaxActGB, 1, 0, "THE KERALA GENERAL SALES TAX ACT", {1, "SELECT fname FROM Kerala WHERE id=8"}},
+        {"Act", &frmkerala::Tvw, "GST", &frmkerala::ObjGSTPaperReportGB, 2, 0, "Report On GST Of Task Force", {1, "SELECT fname FROM Kerala WHERE id=11"}},
+        {"rul", &frmkerala::tvw2, "Sectionwise", &frmkerala::ObjRuleGlobalSections, 3, 1, "Rule 2", {1, "SELECT fname FROM Kerala WHERE id=21"}},
+        {"rul", &frmkerala::tvw2, "GENERAL", &frmkerala::ObjGSTRuleGB, 1, 0, "KERALA GENERAL SALES TAX RULES", {1, "SELECT fname FROM Kerala WHERE id=24"}},
+        {"circu", &frmkerala::tvwc, "Gen", &frmkerala::gsCircularNumber, 7, 0, "5-2008-Works contract composition", {1, "SELECT fname FROM Kerala WHERE id=202"}},
+        {"circu", &frmkerala::tvwc, "Twor", &frmkerala::gsCircularSection, 3, 0, "Sec 11-Circular 12/2006", {1, "SELECT fname FROM Kerala WHERE id=200"}},
+        {"circu", &frmkerala::tvwc, "cirsub", &frmkerala::gsCircularSubject, 4, 0, "Returns by post-Circular 3/2007", {1, "SELECT fname FROM Kerala WHERE id=201"}},
+        {"not", &frmkerala::tvwn, "Twon", &frmkerala::gsNotificationSection, 4, 0, "Sec 6-SRO 1040/2007", {1, "SELECT fname FROM Kerala WHERE id=211"}},
+        {"not", &frmkerala::tvwn, "Sec2r", &frmkerala::gsNotificationNumber, 3, 0, "SRO 7/2008-Exemption to small dealers", {1, "SELECT fname FROM Kerala WHERE id=212"}},
+        {"not", &frmkerala::tvwn, "Notsub", &frmkerala::gsNotificationSubject, 3, 0, "Rubber-SRO 82/2006", {1, "SELECT fname FROM Kerala WHERE id=210"}},
+        {"jud", &frmkerala::tvw3, "Twor", &frmkerala::gsJudgmentSection, 4, 0, "Sec 6-Kerala Cashew Board-Assessment appeal", {2, "SELECT fname FROM Globalvatse WHERE name='Kerala Cashew Board-Assessment appeal'"}},
+        {"jud", &frmkerala::tvw3, "Sec1r", &frmkerala::gsJudgmentCitation, 4, 0, "[2006] 4 KTR 12-State v. Coconut Traders (2006)", {1, "SELECT fname FROM Globalvat WHERE name='State v. Coconut Traders (2006)'"}},
+        {"jud", &frmkerala::tvw3, "Sec2r", &frmkerala::gsJudgmentSubject, 4, 0, "Empty record-Sree Traders v. Intelligence Officer", kStandby},
+        {"rec", &frmkerala::tvwr, "Twor", &frmkerala::gsArJudgmentSection, 4, 0, "Sec 7-Unreported order", kStandby},
+        {"rec", &frmkerala::tvwr, "Sec1r", &frmkerala::gsArJudgmentCitation, 3, 0, "(1998) 110 STC 4-Travancore Rubber v. State", {2, "SELECT fname FROM Globalvatse WHERE name='Travancore Rubber v. State'"}},
+        {"rec", &frmkerala::tvwr, "Subr", &frmkerala::gsArJudgmentSubject, 3, 0, "Penalty-Malabar Tiles v. Commissioner", {1, "SELECT fname FROM Globalvat WHERE name='Malabar Tiles v. Commissioner'"}},
+        {"Ali", &frmkerala::tvwali, "Sec1al", &frmkerala::ObjAlliedActGB, 3, 0, "THE KERALA MONEY-LENDERS ACT 1958 ", {1, "SELECT fname FROM Kerala WHERE id=41"}},
+        {"Ali", &frmkerala::tvwali, "Sec2al", &frmkerala::ObjAlliedRuleGB, 3, 0, "MANGALYA NIDHI CESS RULES", {1, "SELECT fname FROM Kerala WHERE id=45"}},
+        // 63 names, less the one the sample leaves out; the double blank must match.
+        {"Ali", &frmkerala::tvwali, "Sec3al", &frmkerala::ObjAlliedFormsGB, 62, 0, "Mangalya  FORM II", {1, "SELECT fname FROM Kerala WHERE id=124"}},
+        {"Ali", &frmkerala::tvwali, "Sec4al", &frmkerala::ObjAlliedCircularsGB, 0, -1, "KERALA LUXURY TAX NOTIFICATIONS", {1, "SELECT fname FROM Kerala WHERE id=46"}},
+        {"Ali", &frmkerala::tvwali, "Sec5al", &frmkerala::ObjAlliedNotificationsGB, 1, 0, "KERALA LUXURY TAX NOTIFICATIONS", {1, "SELECT fname FROM Kerala WHERE id=46"}},
+        {"sch", nullptr, "", &frmkerala::ObjScheduleGlobalSection, 4, 0, "Third Schedule - Goods taxed at 4 per cent", {3, "SELECT fname FROM Allshedule WHERE ID=3"}},
+        {"forms", nullptr, "", &frmkerala::ObjFormGlobalSections, 4, 1, "FORM 8", {1, "SELECT fname FROM Kerala WHERE id=32"}},
+        {"ca", nullptr, "", &frmkerala::ObjCAMenuItemGlobalSection, 4, 2, "Engagement letter", {3, "SELECT fname FROM CAPractice WHERE ID=3"}},
+    };
+    ASSERT_EQ(std::size(table), std::size(library::kGridCatalogue));
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.value);
+        const library::GridEntry* entry = nullptr;
+        for (const auto& e : library::kGridCatalogue)
+            if (e.reference == row.grid) entry = &e;
+        ASSERT_NE(entry, nullptr);
+        openNode(QString::fromUtf8(row.toolbar), row.tree ? w->*row.tree : nullptr, QString::fromUtf8(row.node));
+        frmGlobalSections* grid = w->*row.grid;
+        ASSERT_NE(grid, nullptr);
+        EXPECT_TRUE(grid->isVisible());
+        EXPECT_EQ(grid->windowTitle(), QString::fromUtf8(entry->header));
+        EXPECT_EQ(grid->DataGrid1->RowCount(), row.rows);
+        EXPECT_EQ(grid->DontShowOleForm(), entry->go != nullptr);
+        if (row.column >= 0) {
+            pick(grid, row.column, QString::fromUtf8(row.value));
+            QTest::mouseClick(grid->cmdGO, Qt::LeftButton);
+        } else {
+            EXPECT_FALSE(grid->cmdGO->isEnabled());
+            basic::Variant value(QString::fromUtf8(row.value));
+            emit grid->GoClicked(grid, value);
+        }
+        expectDocument(row.doc);
+        kf()->Picture4->click();
+        grid->hide();
+    }
+    EXPECT_TRUE(boxes.boxes().empty());
+}
+
+TEST_F(Browser, GridsAreMadeOnceAndOnlyNodesWithARowOpenOne) {
+    struct Row {
+        const char* toolbar;
+        forms::TreeView* frmkerala::*tree;
+        const char* node;
+        GridRef grid;                        // nullptr: no grid opens
+    };
+    const Row table[] = {
+        {"Act", &frmkerala::Tvw, "One", nullptr},
+        {"Ali", &frmkerala::tvwali, "One", nullptr},
+        {"jud", &frmkerala::tvw3, "Sec2r", &frmkerala::gsJudgmentSubject},
+        {"Ali", &frmkerala::tvwali, "Sec1al", &frmkerala::ObjAlliedActGB},   // a single click
+        {"ca", nullptr, "", &frmkerala::ObjCAMenuItemGlobalSection},
+    };
+    for (const Row& row : table) {
+        SCOPED_TRACE(std::string(row.toolbar) + " " + row.node);
+        const auto before = w->findChildren<frmGlobalSections*>().size();
+        const auto open = [&] {
+            openNode(QString::fromUtf8(row.toolbar), row.tree ? w->*row.tree : nullptr, QString::fromUtf8(row.node));
+        };
+        open();
+        EXPECT_EQ(w->findChildren<frmGlobalSections*>().size(), before + (row.grid ? 1 : 0));
+        if (!row.grid) continue;
+        frmGlobalSections* grid = w->*row.grid;
+        grid->txtSearch->setText(QStringLiteral("zzz"));
+        grid->cmdBack->click();
+        open();
+        EXPECT_EQ(w->*row.grid, grid);
+        EXPECT_TRUE(grid->isVisible());
+        EXPECT_EQ(grid->txtSearch->text(), QStringLiteral("zzz"));
+        EXPECT_EQ(grid->DataGrid1->RowCount(), 0);
+        EXPECT_EQ(w->findChildren<frmGlobalSections*>().size(), before + 1);
+        grid->hide();
+    }
+    EXPECT_TRUE(boxes.boxes().empty());
+}
+
+TEST_F(Browser, TheNameStandsBehindTheFirstHyphenAndAMissingDocumentShowsTheStandby) {
+    struct Row {
+        GoHandler handler;
+        const char* value;
+        Doc doc;                     // where nullptr: no document at all
+        const char* sql;             // when given, the statement as the data control holds it
+    };
+    const Doc noCaItem{3, nullptr};
+    const Row table[] = {
+        {&frmkerala::gsCircularNumber_GoClicked, "Circular 12/2006", kStandby, nullptr},      // no hyphen
+        {&frmkerala::gsCircularNumber_GoClicked, "14/2008-", kStandby, nullptr},              // hyphen last
+        {&frmkerala::gsCircularNumber_GoClicked, "-Circular 3/2007", {1, "SELECT fname FROM Kerala WHERE id=201"}, nullptr},
+        {&frmkerala::gsCircularSection_GoClicked, "a-2008-Works contract composition", {1, "SELECT fname FROM Kerala WHERE id=202"},
+         "select fname from Kerala where name='2008-Works contract composition'"},
+        {&frmkerala::gsJudgmentCitation_GoClicked, "[2008] 1 KTR 9-", kStandby, nullptr},
+        {&frmkerala::gsJudgmentSection_GoClicked, "x-Kerala Cashew Board-Assessment appeal", {2, "SELECT fname FROM Globalvatse WHERE name='Kerala Cashew Board-Assessment appeal'"}, nullptr},
+        {&frmkerala::gsArJudgmentSection_GoClicked, "Sec 7-Unreported order", kStandby, nullptr},   // in neither table
+        // The whole value is the name: a hyphen in it is no cut.
+        {&frmkerala::ObjSectionIndexKGSTGB_GoClicked, "1-2", {1, "SELECT fname FROM Kerala WHERE id=5"}, nullptr},
+        {&frmkerala::ObjAlliedActGB_GoClicked, "THE KERALA MONEY-LENDERS ACT 1958 ", {1, "SELECT fname FROM Kerala WHERE id=41"},
+         "select fname from Kerala where name='THE KERALA MONEY-LENDERS ACT 1958 ' and type='Allied'"},
+        {&frmkerala::ObjAlliedFormsGB_GoClicked, "xxxx Currently No items", kStandby, nullptr},  // not of type Allied
+        // Numeric keys stand unquoted; only the CA item goes without the stand-by.
+        {&frmkerala::ObjScheduleGlobalSection_GoClicked, "2", {3, "SELECT fname FROM Allshedule WHERE ID=2"},
+         "select fname from Allshedule where ID=2 "},
+        {&frmkerala::ObjScheduleGlobalSection_GoClicked, "99", kStandby, nullptr},
+        {&frmkerala::ObjCAMenuItemGlobalSection_GoClicked, "1", {3, "SELECT fname FROM CAPractice WHERE ID=1"},
+         "select fname from CAPractice where ID=1"},
+        {&frmkerala::ObjCAMenuItemGlobalSection_GoClicked, "99", noCaItem, "select fname from CAPractice where ID=99"},
+    };
+    openNode(QStringLiteral("sch"), nullptr, QString());
+    openNode(QStringLiteral("ca"), nullptr, QString());
+    openNode(QStringLiteral("Ali"), w->tvwali, QStringLiteral("Sec1al"));
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.value);
+        // The grid handed over matters to the handlers that read its settings.
+        frmGlobalSections* frm = row.handler == &frmkerala::ObjScheduleGlobalSection_GoClicked ? w->ObjScheduleGlobalSection
+                                 : row.handler == &frmkerala::ObjCAMenuItemGlobalSection_GoClicked
+                                     ? w->ObjCAMenuItemGlobalSection
+                                     : w->ObjAlliedActGB;
+        // A second Go on the same value points the window again.
+        for (int go = 0; go < 2; ++go) {
+            kf()->MSRDC1->setSQL(QStringLiteral("SELECT fname FROM Kerala WHERE id=1"));
+            basic::Variant value(QString::fromUtf8(row.value));
+            (w->*row.handler)(frm, value);
+            if (row.doc.where) {
+                expectDocument(row.doc);
+            } else {
+                EXPECT_TRUE(kf()->isVisible());
+                EXPECT_EQ(kf()->MSRDC1->Connect(), connectionOf(row.doc.file));
+                EXPECT_TRUE(kf()->MSRDC1->bytes(QStringLiteral("fname")).isEmpty());
+            }
+            if (row.sql) {
+                EXPECT_EQ(kf()->MSRDC1->SQL(), QString::fromUtf8(row.sql));
+            }
+        }
+        kf()->Picture4->click();
+    }
+    EXPECT_TRUE(boxes.boxes().empty());
+}
+
+TEST_F(Browser, AnApostropheBreaksTheQueryIntoTheHandlersOwnBox) {
+    openNode(QStringLiteral("Ali"), w->tvwali, QStringLiteral("Sec1al"));
+    struct Row {
+        GoHandler handler;
+        const char* name;
+        const char* value;
+        int boxes;                   // the Kerala lookups pass the store's own box first
+    };
+    const Row table[] = {
+        {&frmkerala::gsCircularNumber_GoClicked, "gsCircularNumber_GoClicked", "9/2008-Dealer's turnover clarification", 2},
+        {&frmkerala::gsArJudgmentCitation_GoClicked, "gsArJudgmentCitation_GoClicked", "(2001) 9 STC 7-O'Neil Agencies v. State", 1},
+        {&frmkerala::ObjAlliedNotificationsGB_GoClicked, "ObjAlliedNotificationsGB_GoClicked", "O'Neil", 2},
+    };
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.name);
+        boxes.clear();
+        basic::Variant value(QString::fromUtf8(row.value));
+        (w->*row.handler)(w->ObjAlliedActGB, value);
+        ASSERT_EQ(int(boxes.boxes().size()), row.boxes);
+        EXPECT_EQ(boxes.boxes().front().title, QString(row.boxes == 2 ? "_IN_DEBUG" : "Vorlan"));
+        const forms::RecordedBox& last = boxes.boxes().back();
+        EXPECT_TRUE(last.text.startsWith(QStringLiteral("Error on ") + row.name + QStringLiteral("() \n"))) << last.text.toStdString();
+        EXPECT_TRUE(last.text.contains(QStringLiteral(" | No: "))) << last.text.toStdString();
+        EXPECT_EQ(last.style, forms::vbOKOnly);
+        EXPECT_EQ(last.title, QStringLiteral("Vorlan"));
+    }
+}
+
+TEST_F(Browser, BackFromAGridShowsTheBrowserOnlyWhereAHandlerAnswers) {
+    const std::pair<GridRef, bool> table[] = {
+        {&frmkerala::gsJudgmentCitation, true},  {&frmkerala::ObjAlliedFormsGB, true},
+        {&frmkerala::gsJudgmentSection, false},  {&frmkerala::ObjActGlobalSections, false},
+    };
+    openNode(QStringLiteral("jud"), w->tvw3, QStringLiteral("Sec1r"));
+    openNode(QStringLiteral("jud"), w->tvw3, QStringLiteral("Twor"));
+    openNode(QStringLiteral("Ali"), w->tvwali, QStringLiteral("Sec3al"));
+    openNode(QStringLiteral("Act"), w->Tvw, QStringLiteral("VAT"));
+    for (const auto& [ref, shows] : table) {
+        frmGlobalSections* grid = w->*ref;
+        ASSERT_NE(grid, nullptr);
+        grid->show();
+        w->hide();
+        grid->cmdBack->click();
+        EXPECT_FALSE(grid->isVisible());
+        EXPECT_EQ(w->isVisible(), shows) << grid->windowTitle().toStdString();
+    }
+}
+
+TEST_F(Browser, ListPageGoShowsTheDocumentModallyAndTheReturnFormOpensTheChooser) {
+    struct Row {
+        QPushButton* frmkerala::*button;
+        const char* text1;
+        bool document;               // else the return chooser
+    };
+    const Row table[] = {
+        {&frmkerala::cmdactgo, "1", true},   {&frmkerala::cmdrulego, "", true}, {&frmkerala::cmdshgo, "", true},
+        {&frmkerala::judgo, "", true},       {&frmkerala::rngo, "", true},      {&frmkerala::Command1, "", true},
+        {&frmkerala::notGo, "", true},       {&frmkerala::aligo, "", true},     {&frmkerala::formsgo, "FORM 8", true},
+        {&frmkerala::formsgo, "  FORM10-AUTOCOMPUTATION ", false},
+    };
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.text1);
+        w->Text1->setText(QString::fromUtf8(row.text1));
+        (w->*row.button)->click();
+        EXPECT_EQ(kf()->isVisible(), row.document);
+        if (row.document) {
+            EXPECT_EQ(kf()->windowModality(), Qt::ApplicationModal);
+        }
+        EXPECT_EQ(forms::exists(QStringLiteral("frmSelect")) && forms::get(QStringLiteral("frmSelect"))->isVisible(),
+                  !row.document);
+        kf()->Picture4->click();
+        if (forms::exists(QStringLiteral("frmSelect"))) forms::get(QStringLiteral("frmSelect"))->hide();
+    }
+    // The same form from the forms grid: its Go opens the chooser too, and the grid's next Go a document.
+    openNode(QStringLiteral("forms"), nullptr, QString());
+    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM10-AUTOCOMPUTATION"));
+    w->ObjFormGlobalSections->cmdGO->click();
+    EXPECT_TRUE(forms::get(QStringLiteral("frmSelect"))->isVisible());
+    EXPECT_FALSE(kf()->isVisible());
+    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM 1"));
+    w->ObjFormGlobalSections->cmdGO->click();
+    expectDocument({1, "SELECT fname FROM Kerala WHERE id=31"});
+    EXPECT_EQ(kf()->windowModality(), Qt::NonModal);
+    EXPECT_TRUE(boxes.boxes().empty());
+}
+
+TEST_F(Browser, ListPageBackReturnsToItsTreeWithItsFocusRule) {
+    struct Row {
+        QPushButton* frmkerala::*button;
+        forms::TreeView* frmkerala::*tree;   // nullptr: neither page shows
+        bool focus;
+    };
+    const Row table[] = {
+        {&frmkerala::cmdactback, &frmkerala::Tvw, true},    {&frmkerala::cmdruleback, &frmkerala::tvw2, true},
+        {&frmkerala::notBack, &frmkerala::tvwn, true},      {&frmkerala::aliback, &frmkerala::tvwali, true},
+        {&frmkerala::judback, &frmkerala::tvw3, false},     {&frmkerala::rnback, &frmkerala::tvwr, false},
+        {&frmkerala::Command4, &frmkerala::tvwc, false},    {&frmkerala::cmdshback, nullptr, false},
+        {&frmkerala::formsback, nullptr, false},
+    };
+    w->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(w));
+    for (const Row& row : table) {
+        w->Frame1->hide();
+        w->Frame2->show();
+        w->Text3->setFocus();
+        (w->*row.button)->click();
+        EXPECT_FALSE(w->Frame2->isVisible());
+        EXPECT_EQ(w->Frame1->isVisible(), row.tree != nullptr);
+        if (!row.tree) continue;
+        forms::TreeView* tree = w->*row.tree;
+        QWidget* front = w->Frame1->childAt(tree->geometry().center());
+        while (front && front->parentWidget() != w->Frame1) front = front->parentWidget();
+        EXPECT_EQ(front, tree);
+        EXPECT_EQ(QApplication::focusWidget() == tree, row.focus);
+    }
+}
+
+TEST_F(Browser, DormantKeysFillTheListPage) {
+    w->Tvw->Nodes.Add(QStringLiteral("One"), forms::tvwChild, QStringLiteral("Sectionwise"), QStringLiteral("List"));
+    w->tvw2->Nodes.Add(QStringLiteral("Oner"), forms::tvwChild, QStringLiteral("Index"), QStringLiteral("Index"));
+    w->tvw2->Nodes.Add(QStringLiteral("Oner"), forms::tvwChild, QStringLiteral("FullText"), QStringLiteral("Full"));
+    w->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(w));
+    struct Row {
+        const char* toolbar;
+        forms::TreeView* frmkerala::*tree;
+        const char* node;
+        QStringList entries;
+        QPushButton* frmkerala::*go;
+        bool focusSearch;
+        bool status;
+    };
+    const Row table[] = {
+        // These empty the word-search strings, and with them the status text.
+        {"rul", &frmkerala::tvw2, "Index", {"Index to Rules"}, &frmkerala::cmdrulego, false, false},
+        {"rul", &frmkerala::tvw2, "FullText", {"Full Text of Rules"}, &frmkerala::cmdrulego, true, false},
+        // Cut at the last hyphen when the first stands after the first character; "" is left out.
+        {"Act", &frmkerala::Tvw, "Sectionwise", {"1", "2", "6", "6A", "1-2", "10", "-Levy of tax", "99", "7"},
+         &frmkerala::cmdactgo, true, true},
+    };
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.node);
+        w->StatusBar1->Panels(1).setText(QString());
+        w->Text1->setText(QStringLiteral("old"));
+        w->Toolbar2->setFocus();
+        openNode(QString::fromUtf8(row.toolbar), w->*row.tree, QString::fromUtf8(row.node));
+        QStringList entries;
+        for (int i = 0; i < w->List1->ListCount(); ++i) entries << w->List1->List(i);
+        EXPECT_EQ(entries, row.entries);
+        if (row.status) {
+            EXPECT_EQ(w->List1->ItemData(4), 5);   // "1-2" keeps its row's ID
+        }
+        EXPECT_TRUE(w->Frame2->isVisible());
+        EXPECT_FALSE(w->Frame1->isVisible());
+        EXPECT_EQ(w->Frame2->childAt((w->*row.go)->geometry().center()), w->*row.go);
+        EXPECT_TRUE(w->Text1->text().isEmpty());
+        EXPECT_EQ(QApplication::focusWidget() == w->Text3, row.focusSearch);
+        EXPECT_EQ(w->StatusBar1->Panels(1).Text(), row.status ? kSelectStatus : QString());
+    }
+    EXPECT_TRUE(w->findChildren<frmGlobalSections*>().isEmpty());
+    EXPECT_TRUE(boxes.boxes().empty());
+    // With a word-search list in place, the Act grid's node leaves the same status text.
+    w->StatusBar1->Panels(1).setText(QString());
+    openNode(QStringLiteral("Act"), w->Tvw, QStringLiteral("VAT"));
+    EXPECT_EQ(w->StatusBar1->Panels(1).Text(), kSelectStatus);
+}
+
+TEST_F(Browser, ScreenOfAGridOpenedFromANode) {
+    openNode(QStringLiteral("jud"), w->tvw3, QStringLiteral("Sec1r"));
+    frmGlobalSections* grid = w->gsJudgmentCitation;
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(grid));
+    grid->DataGrid1->setRow(1);
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    QDir().mkpath(dir);
+    EXPECT_TRUE(grid->grab().save(dir + "/grid-judgment-citations.png"));
+}

@@ -1,0 +1,144 @@
+// The report engine: templates that cannot be read say where, data files that cannot be read say
+// which, and a long register breaks into pages with every bill once and the summary at the end.
+#include "platform/basic/runtime_error.h"
+#include "platform/reports/register_painter.h"
+#include "platform/reports/report_data.h"
+#include "platform/reports/report_template.h"
+#include "platform/store/connection.h"
+#include "support/printers.h"
+#include "support/qt_app.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString kTemplate = QStringLiteral(R"(# a small register
+[page]
+font-size = 9
+footer = Page {page} of {pages}
+[heading]
+source = head
+title = REGISTER OF {cMonth}
+[bills]
+source = bills
+order = BillDate dd-mm-yy
+column = No | SlNo | 1 | trim
+column = Date | BillDate | 2 | text
+column = Amount | Amount | 2 | amount
+[summary]
+source = head
+columns = Band | Amount
+row = All | Total
+total = Grand | Total
+)");
+
+basic::RuntimeError failure(const std::function<void()>& f) { return basic::resume(f); }
+
+TEST(ReportTemplate, FaultsNameTheLine) {
+    struct Case {
+        const char* text;
+        const char* says;
+    } cases[] = {
+        {"[bils]\n", "line 1: unknown section [bils]"},
+        {"[bills]\nsource = b\ncolumn = A | a | 1\n", "line 3: a column is heading | field | width | kind"},
+        {"[bills]\nsource = b\ncolumn = A | a | wide | text\n", "line 3: \"wide\" is not a number"},
+        {"[page]\ncolour = red\n", "line 2: unknown setting \"colour\" in [page]"},
+        {"[summary]\ncolumns = A | B\nrow = x\n", "line 3: a row has 1 cells, the columns are 2"},
+    };
+    for (const Case& c : cases) {
+        const basic::RuntimeError e = failure([&] { reports::parseTemplate(QString::fromLatin1(c.text), "/p/R.rpt"); });
+        EXPECT_EQ(e.number(), 75) << c.text;
+        EXPECT_TRUE(e.description().contains("/p/R.rpt")) << e.description().toStdString();
+        EXPECT_TRUE(e.description().contains(QString::fromLatin1(c.says))) << e.description().toStdString();
+    }
+    EXPECT_EQ(failure([] { reports::readTemplate("/nowhere/R.rpt"); }).number(), 53);
+}
+
+class Engine : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ensureApp();
+        data = dir.filePath("data.mdb");
+        store::Connection cn;
+        cn.Create("Driver={Microsoft Access Driver (*.mdb)};Dbq=" + data);
+        cn.Execute("CREATE TABLE head (cMonth TEXT, Total DOUBLE)");
+        cn.Execute("INSERT INTO head VALUES ('March', 12345.675)");
+        cn.Execute("CREATE TABLE bills (SlNo TEXT, BillDate TEXT, Amount DOUBLE)");
+        cn.BeginTrans();
+        // Written latest day first (a day's bills in their order), so that only the order setting puts
+        // the days in date order.
+        const auto day = [](int i) { return (i - 1) * 30 / kBills + 1; };
+        for (int d = 30; d >= 1; --d)
+            for (int i = 1; i <= kBills; ++i)
+                if (day(i) == d)
+                    cn.Execute(QString("INSERT INTO bills VALUES ('%1', '%2-03-26', %3)")
+                                   .arg(i).arg(d, 2, 10, QChar('0')).arg(i * 1.5));
+        cn.CommitTrans();
+        cn.Close();
+    }
+    static QString pageText(const QString& pdf, int page) {
+        QProcess p;
+        p.start("pdftotext", {"-f", QString::number(page), "-l", QString::number(page), "-layout", pdf, "-"});
+        EXPECT_TRUE(p.waitForFinished(20000));
+        return QString::fromUtf8(p.readAllStandardOutput());
+    }
+    static constexpr int kBills = 150;
+    QTemporaryDir dir;
+    QString data;
+};
+
+TEST_F(Engine, LongRegisterBreaksIntoPages) {
+    const reports::ReportTemplate t = reports::parseTemplate(kTemplate, "R.rpt");
+    const QString pdf = dir.filePath("r.pdf");
+    const int pages = reports::writePdf(t, reports::loadData(t, data), pdf);
+    ASSERT_GE(pages, 3);
+    int next = 1;
+    for (int page = 1; page <= pages; ++page) {
+        const QString text = pageText(pdf, page);
+        EXPECT_TRUE(text.contains("REGISTER OF March")) << page;
+        EXPECT_TRUE(text.contains(QString("Page %1 of %2").arg(page).arg(pages))) << page;
+        EXPECT_EQ(text.contains("Grand"), page == pages) << page;
+        static const QRegularExpression row(R"(^\s*(\d+)\s+\d\d-03-26\s+(\d+\.\d\d)\s*$)", QRegularExpression::MultilineOption);
+        for (auto it = row.globalMatch(text); it.hasNext();) {
+            const auto m = it.next();
+            EXPECT_EQ(m.captured(1).toInt(), next);
+            EXPECT_EQ(m.captured(2), QString::number(next * 1.5, 'f', 2));
+            ++next;
+        }
+    }
+    EXPECT_EQ(next, kBills + 1);
+    EXPECT_TRUE(pageText(pdf, pages).contains("12345.68"));
+}
+
+TEST_F(Engine, DataFileFaultsNameTheFile) {
+    const reports::ReportTemplate t = reports::parseTemplate(kTemplate, "R.rpt");
+    QFile garbage(dir.filePath("garbage.mdb"));
+    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly));
+    garbage.write(QByteArray(2048, 'z'));
+    garbage.close();
+    const reports::ReportTemplate noTable = reports::parseTemplate(QString(kTemplate).replace("source = bills", "source = billz"), "R.rpt");
+    const reports::ReportTemplate noColumn = reports::parseTemplate(QString(kTemplate).replace("Amount | 2", "Amt | 2"), "R.rpt");
+    struct Case {
+        const reports::ReportTemplate& t;
+        QString file;
+        int number;
+        const char* says;
+    } cases[] = {
+        {t, dir.filePath("none.mdb"), 53, "is not there"},
+        {t, garbage.fileName(), 75, "cannot be read"},
+        {noTable, data, 75, "billz"},
+        {noColumn, data, 75, "has no column Amt"},
+    };
+    for (const Case& c : cases) {
+        const basic::RuntimeError e = failure([&] { reports::loadData(c.t, c.file); });
+        EXPECT_EQ(e.number(), c.number) << c.says;
+        EXPECT_TRUE(e.description().contains(c.file)) << e.description().toStdString();
+        EXPECT_TRUE(e.description().contains(c.says)) << e.description().toStdString();
+    }
+}
+
+}  // namespace

@@ -1,0 +1,140 @@
+// The PRINT buttons: the register of the month last added in a maximised preview, its PDF read back
+// with pdftotext; a template or data file that cannot be read is named in a box.
+#include "platform/forms/list_box.h"
+#include "platform/reports/crystal_report.h"
+#include "platform/reports/preview_window.h"
+#include "return_window.h"
+
+#include <QDir>
+#include <QImage>
+#include <QPdfDocument>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTest>
+
+namespace {
+
+class Registers : public ReturnWindow {
+protected:
+    // Where the PDFs go: docs/screens when the screens are asked for, else the test's folder.
+    QString out(const QString& name) {
+        if (!qEnvironmentVariableIsSet("VORLAN_SCREENS")) return folder.filePath(name);
+        QDir().mkpath(VORLAN_SOURCE_DIR "/docs/screens");
+        return QStringLiteral(VORLAN_SOURCE_DIR "/docs/screens/") + name;
+    }
+    static QString pdfText(const QString& pdf) {
+        QProcess p;
+        p.start("pdftotext", {"-layout", pdf, "-"});
+        EXPECT_TRUE(p.waitForFinished(20000));
+        return QString::fromUtf8(p.readAllStandardOutput());
+    }
+    // Runs a PRINT button and saves what its preview shows.
+    QString printed(QPushButton* button, const QString& pdf) {
+        const auto boxes = press([&] { QTest::mouseClick(button, Qt::LeftButton); });
+        EXPECT_TRUE(boxes.empty()) << (boxes.empty() ? "" : boxes[0].text.toStdString());
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        reports::PreviewWindow* preview = w->CrystalReport1->window();
+        if (!preview) return {};
+        EXPECT_TRUE(preview->isVisible());
+        EXPECT_TRUE(preview->windowState() & Qt::WindowMaximized);
+        EXPECT_GE(preview->pageCount(), 1);
+        preview->savePdf(out(pdf));
+        return pdfText(out(pdf));
+    }
+};
+
+TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
+    put(w->fg1, {{"20-03-26", "Beta Traders", "32071", "B-7", "    12.5", "200", "25", "2", "227.00"},
+                 {"02-03-26", "Alpha Stores", "32070", "A-1", "      4", "1000", "40", "1", "1041.00"},
+                 {"11-03-26", "Gamma Agencies", "32099", "G-3", "      0", "500.5", "", "", "500.50"}});
+    put(w->fg2, {{"05-03-26", "Cash Sales", "", "S-1", "     20  ", "300", "60", "4.5", "364.50"},
+                 {"06-03-26", "Madras Export Co", "33010", "S-2", "CST", "100", "2", "", "102.00"}});
+    w->txtPlace->setText("Kochi");
+
+    struct Case {
+        int kind;
+        QPushButton* returns::frmNormal::*button;
+        const char* pdf;
+        QStringList lines;   // each must be in the text, in this order
+    } local[] = {
+        {0, &returns::frmNormal::cmdPrint1, "register-purchase.pdf",
+         {"PURCHASE REGISTER - LOCAL PURCHASES", "Month: March", "Place: Kochi", "Date: 15-03-26",
+          "1 02-03-26 Alpha Stores 32070 A-1 4 1000.00 40.00 1.00 1041.00",
+          "2 11-03-26 Gamma Agencies 32099 G-3 0 500.50 500.50",
+          "3 20-03-26 Beta Traders 32071 B-7 12.5 200.00 25.00 2.00 227.00", "Rate-wise Summary",
+          "4 % 1000.00 40.00 1.00 1041.00", "Total 1700.50 65.00 3.00 1768.50", "Page 1 of 1"}},
+        {0, &returns::frmNormal::Command2, "register-sales.pdf",
+         {"SALES REGISTER", "1 05-03-26 Cash Sales S-1 20 300.00 60.00 4.50 364.50",
+          "2 06-03-26 Madras Export Co 33010 S-2 CST 100.00 2.00 102.00", "20 % 300.00 60.00 4.50 364.50",
+          "CST 100.00 2.00 0.00 102.00", "Total 400.00 62.00 4.50 466.50"}},
+    }, interState[] = {
+        {1, &returns::frmNormal::cmdPrint1, "register-purchase-interstate.pdf",
+         {"INTER-STATE PURCHASES", "Place: Kochi", "1 09-03-26 Bangalore Mills 29001 K-41 4 800.00 32.00 832.00",
+          "Total 800.00 32.00 0.00 832.00"}},
+    };
+    const auto check = [&](const Case& c) {
+        SCOPED_TRACE(c.pdf);
+        w->List4->setListIndex(c.kind);
+        // Compared without blanks: the PDF's text comes back with its own spacing.
+        const QString text = printed(w.get()->*c.button, c.pdf).remove(QRegularExpression("\\s"));
+        qsizetype at = 0;
+        for (QString line : c.lines) {
+            line.remove(u' ');
+            const qsizetype found = text.indexOf(line, at);
+            EXPECT_GE(found, 0) << line.toStdString() << "\nin: " << text.toStdString();
+            if (found >= 0) at = found + line.size();
+        }
+    };
+    press([&] { w->cmdAdd_Click(); });
+    w->txtRPTo->setText("April");   // the registers print what was staged, not what the window shows
+    for (const Case& c : local) check(c);
+    w->txtRPTo->setText("March");
+    w->List4->setListIndex(1);
+    put(w->fg1, {{"09-03-26", "Bangalore Mills", "29001", "K-41", "      4", "800", "32", "", "832.00"}});
+    press([&] { w->cmdAdd_Click(); });
+    for (const Case& c : interState) check(c);
+    if (qEnvironmentVariableIsSet("VORLAN_SCREENS")) {
+        QPdfDocument doc;
+        doc.load(out("register-purchase.pdf"));
+        ASSERT_EQ(doc.status(), QPdfDocument::Status::Ready);
+        const QSizeF points = doc.pagePointSize(0);
+        doc.render(0, (points * 1.5).toSize()).save(out("register-purchase-page1.png"));
+        w->CrystalReport1->window()->resize(1280, 900);
+        w->CrystalReport1->window()->showTop();
+        w->CrystalReport1->window()->grab().save(out("register-preview.png"));
+    }
+}
+
+TEST_F(Registers, FileThatCannotBeReadIsNamed) {
+    struct Case {
+        const char* name;
+        std::function<void(const QString&)> spoil;
+        const char* file;
+        const char* says;
+    } cases[] = {
+        {"template missing", [](const QString& f) { QFile::remove(f + "/RptSales.rpt"); }, "RptSales.rpt", "is not there"},
+        {"data file not a database",
+         [](const QString& f) {
+             QFile::copy(VORLAN_PROGRAM_DIR "/RptSales.rpt", f + "/RptSales.rpt");
+             returns::ReleaseReturnStores();
+             returns::rsLookup = returns::rsBills = returns::rsReport = store::Recordset::nothing();
+             QFile d(f + "/nwForm10DB.mdb");
+             ASSERT_TRUE(d.open(QIODevice::WriteOnly));
+             d.write(QByteArray(4096, 'x'));
+         },
+         "nwForm10DB.mdb", "cannot be read"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        c.spoil(folder.path());
+        const auto boxes = press([&] { w->Command2_Click(); });
+        ASSERT_EQ(boxes.size(), 1u);
+        EXPECT_EQ(boxes[0].title, "Not printed");
+        EXPECT_EQ(boxes[0].style, 48);
+        EXPECT_TRUE(boxes[0].text.contains(QDir::toNativeSeparators(folder.filePath(c.file)))) << boxes[0].text.toStdString();
+        EXPECT_TRUE(boxes[0].text.contains(c.says)) << boxes[0].text.toStdString();
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    }
+}
+
+}  // namespace
