@@ -2,6 +2,9 @@
 
 #include "platform/documents/document_view.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QVBoxLayout>
@@ -17,6 +20,7 @@ FullViewer::FullViewer() : QWidget(nullptr, Qt::Window), view_(new DocumentView(
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view_);
+    connect(view_, &DocumentView::linkActivated, this, &FullViewer::followLink);
 }
 
 FullViewer* FullViewer::instance() {
@@ -26,11 +30,26 @@ FullViewer* FullViewer::instance() {
 
 FullViewer* FullViewer::existing() { return theViewer; }
 
-void FullViewer::open(const QByteArray& bytes) {
+void FullViewer::open(const QByteArray& bytes, const QString& linkFolder) {
+    linkFolder_ = linkFolder;
     view_->setDocument(bytes);
     showMaximized();
     raise();
     activateWindow();
+}
+
+void FullViewer::followLink(const QString& target) {
+    const qsizetype hash = target.indexOf(QLatin1Char('#'));
+    const QString file = target.left(hash), bookmark = hash < 0 ? QString() : target.mid(hash + 1);
+    if (!file.isEmpty()) {
+        // Only plain file names and relative paths: addresses of the web and absolute paths stay unopened.
+        if (linkFolder_.isEmpty() || file.contains(QLatin1Char(':')) || QDir::isAbsolutePath(file)) return;
+        QFile linked(QDir(linkFolder_).filePath(file));
+        if (!linked.open(QIODevice::ReadOnly)) return;
+        view_->setDocument(linked.readAll());
+        linkFolder_ = QFileInfo(linked.fileName()).absolutePath();
+    }
+    if (!bookmark.isEmpty()) view_->scrollToAnchor(bookmark);
 }
 
 void FullViewer::keyPressEvent(QKeyEvent* event) {
@@ -41,6 +60,8 @@ void FullViewer::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-void openInFull(const QByteArray& bytes) { FullViewer::instance()->open(bytes); }
+void openInFull(const QByteArray& bytes, const QString& linkFolder) {
+    FullViewer::instance()->open(bytes, linkFolder);
+}
 
 }  // namespace documents

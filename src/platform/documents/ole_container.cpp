@@ -3,6 +3,11 @@
 #include "platform/documents/data_control.h"
 #include "platform/documents/full_viewer.h"
 
+#include "platform/basic/app_path.h"
+#include "platform/basic/runtime_error.h"
+
+#include <QFile>
+#include <QFileInfo>
 #include <QMouseEvent>
 #include <QPdfView>
 #include <QTextBrowser>
@@ -24,14 +29,25 @@ void OleContainer::setDataSource(DataControl* source) {
 
 void OleContainer::setDataField(const QString& fieldName) {
     field_ = fieldName;
+    if (!field_.isEmpty()) sourceDoc_.clear();
     if (source_ && !field_.isEmpty()) source_->value(field_);  // raises 3265 for a column the row lacks
     showBound();
 }
 
+void OleContainer::CreateEmbed(const QString& sourceDoc) {
+    QFile file(basic::NativePath(sourceDoc));
+    if (!file.open(QIODevice::ReadOnly)) throw basic::RuntimeError(75, QStringLiteral("Path/File access error"));
+    setDocument(file.readAll());
+    sourceDoc_ = file.fileName();
+    field_.clear();
+}
+
 void OleContainer::Refresh() { showBound(); }
 
-// Shows the bound column; with no source, no field or no such column the container stands empty.
+// Shows the bound column; with no source, no field or no such column the container stands empty, unless
+// it holds an embedded document.
 void OleContainer::showBound() {
+    if (!sourceDoc_.isEmpty()) return;
     if (!source_ || field_.isEmpty() || !source_->hasField(field_)) {
         clear();
         return;
@@ -42,7 +58,8 @@ void OleContainer::showBound() {
 
 void OleContainer::DoVerb(int verb) {
     if (document().isEmpty()) return;
-    if (verb == vbOLEOpen || verb >= 0) openInFull(document());
+    if (verb != vbOLEOpen && verb < 0) return;
+    openInFull(document(), sourceDoc_.isEmpty() ? QString() : QFileInfo(sourceDoc_).absolutePath());
 }
 
 bool OleContainer::eventFilter(QObject* watched, QEvent* event) {

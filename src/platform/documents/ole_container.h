@@ -1,15 +1,14 @@
 #pragma once
-// The OLE container: a document view bound to a column of a data control's row. It shows the document
-// stored in that column and opens it in full by its verb. The library is read-only, so nothing is ever
-// written back; DataChanged is kept only because the windows clear it.
+// The OLE container: a document view bound to a column of a data control's row, or holding a document
+// embedded in its window. It shows the document and opens it in full by its verb. The library is
+// read-only, so nothing is ever written back; DataChanged is kept only because the windows clear it.
+#include "platform/documents/data_control.h"
 #include "platform/documents/document_view.h"
 
 #include <QPointer>
 #include <QString>
 
 namespace documents {
-
-class DataControl;
 
 class OleContainer : public DocumentView {
     Q_OBJECT
@@ -27,10 +26,17 @@ public:
     bool DataChanged() const { return dataChanged_; }
     void setDataChanged(bool changed) { dataChanged_ = changed; }
 
-    // Reads the bound column of the source's row anew.
+    // Embeds the file's document, as an object placed on a window when it was designed: it needs no data
+    // source, and its links lead to the files beside it. A file that cannot be read raises 75
+    // "Path/File access error" and leaves the container as it was. Binding a column replaces it.
+    void CreateEmbed(const QString& sourceDoc);
+    QString SourceDoc() const { return sourceDoc_; }
+
+    // Reads the bound column of the source's row anew; an embedded document stays.
     void Refresh();
     // Open (-2), the primary verb and the object's own verbs (0 and above) open the document in the full
-    // viewer; show (-1) and the other negative verbs leave it where it is. An empty container does nothing.
+    // viewer, an embedded one with its links live; show (-1) and the other negative verbs leave it where
+    // it is. An empty container does nothing.
     void DoVerb(int verb = vbOLEPrimary);
 
 signals:
@@ -44,6 +50,7 @@ private:
     void showBound();
     QPointer<DataControl> source_;
     QString field_;
+    QString sourceDoc_;  // the embedded document's file; empty when bound or empty
     bool dataChanged_ = false;
 };
 

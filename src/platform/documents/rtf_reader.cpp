@@ -138,24 +138,45 @@ const std::unordered_map<std::string_view, WordInfo>& words() {
     return table;
 }
 
-// "HYPERLINK \"target\"" or "HYPERLINK \\l \"bookmark\"" to the link target; anything else to "".
+// "HYPERLINK \"file\"", "HYPERLINK \\l \"bookmark\"" or both ("file#bookmark") to the link target; anything else
+// to "". Word writes the bookmark's switch before or after the file; other switches and their values drop.
 QString hyperlinkTarget(const QString& instruction) {
     QString rest = instruction.trimmed();
     if (!rest.startsWith(QLatin1String("HYPERLINK"), Qt::CaseInsensitive)) return {};
     rest = rest.mid(9).trimmed();
-    QString prefix;
-    while (rest.startsWith(QLatin1Char('\\'))) {  // switches: \l names a bookmark, the others we drop
-        if (rest.startsWith(QLatin1String("\\l"))) prefix = QStringLiteral("#");
-        const qsizetype blank = rest.indexOf(QLatin1Char(' '));
-        rest = blank < 0 ? QString() : rest.mid(blank).trimmed();
+    // Takes the next word, quoted or not, off the front of `rest`.
+    const auto nextWord = [&rest] {
+        QString word;
+        if (rest.startsWith(QLatin1Char('"'))) {
+            const qsizetype close = rest.indexOf(QLatin1Char('"'), 1);
+            word = rest.mid(1, close < 0 ? -1 : close - 1);
+            rest = close < 0 ? QString() : rest.mid(close + 1).trimmed();
+        } else {
+            const qsizetype blank = rest.indexOf(QLatin1Char(' '));
+            word = blank < 0 ? rest : rest.left(blank);
+            rest = blank < 0 ? QString() : rest.mid(blank).trimmed();
+        }
+        return word;
+    };
+    QString file, bookmark;
+    while (!rest.isEmpty()) {
+        if (rest.startsWith(QLatin1String("\\l"))) {
+            rest = rest.mid(2).trimmed();
+            bookmark = nextWord();
+        } else if (rest.startsWith(QLatin1Char('\\'))) {
+            // \o (tip) and \t (frame) carry a value; \m and \n stand alone
+            const bool valued = rest.startsWith(QLatin1String("\\o")) || rest.startsWith(QLatin1String("\\t"));
+            const qsizetype blank = rest.indexOf(QLatin1Char(' '));
+            rest = blank < 0 ? QString() : rest.mid(blank).trimmed();
+            if (valued) nextWord();
+        } else if (file.isEmpty()) {
+            file = nextWord();
+        } else {
+            nextWord();
+        }
     }
-    if (rest.startsWith(QLatin1Char('"'))) {
-        const qsizetype close = rest.indexOf(QLatin1Char('"'), 1);
-        rest = rest.mid(1, close < 0 ? -1 : close - 1);
-    } else {
-        rest = rest.section(QLatin1Char(' '), 0, 0);
-    }
-    return rest.isEmpty() ? QString() : prefix + rest;
+    if (bookmark.isEmpty()) return file;
+    return file + QLatin1Char('#') + bookmark;
 }
 
 class Reader {

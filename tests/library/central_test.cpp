@@ -1,0 +1,186 @@
+// The Central Sales Tax window as a user meets it: the tree of states, the toolbar bringing one page
+// forward, a click on a page opening it in full with its links live, and the keys that run into objects
+// never set, each reported while the window stays up.
+#include "library/central.h"
+#include "platform/basic/app_path.h"
+#include "platform/documents/full_viewer.h"
+#include "platform/documents/ole_container.h"
+#include "platform/forms/msgbox.h"
+#include "platform/forms/toolbar.h"
+#include "platform/forms/tree_view.h"
+#include "platform/forms/window_registry.h"
+#include "support/printers.h"
+#include "support/qt_app.h"
+
+#include <QDir>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBrowser>
+#include <gtest/gtest.h>
+
+namespace {
+
+class CentralWindow : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ensureApp();
+        const QDir pages(QStringLiteral(VORLAN_PROGRAM_DIR "/central"));
+        ASSERT_TRUE(QDir(dir.path()).mkdir(QStringLiteral("central")));
+        for (const QString& f : pages.entryList(QDir::Files))
+            ASSERT_TRUE(QFile::copy(pages.filePath(f), dir.filePath(QStringLiteral("central/") + f)));
+        basic::SetAppPath(dir.path());
+        forms::reset();
+        forms::define(QStringLiteral("central"), [] { return new library::central; });
+        forms::define(QStringLiteral("main"), [] { return new QWidget; });
+        forms::define(QStringLiteral("frmkerala"), [] { return new QWidget; });
+    }
+    void TearDown() override {
+        if (auto* viewer = documents::FullViewer::existing()) viewer->hide();
+        forms::reset();
+        basic::SetAppPath(QString());
+    }
+    library::central* shown() {
+        auto* w = forms::get<library::central>(QStringLiteral("central"));
+        w->setWindowState(Qt::WindowNoState);
+        w->resize(1000, 640);
+        w->show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(w));
+        return w;
+    }
+    // The right-hand controls the window shows, as "OLE1 Label3".
+    static QString visibleArea(library::central* w) {
+        QStringList names;
+        const std::pair<QWidget*, const char*> area[] = {
+            {w->OLE1, "OLE1"}, {w->OLE2, "OLE2"}, {w->OLE3, "OLE3"}, {w->Label3, "Label3"}};
+        for (const auto& [control, name] : area)
+            if (control->isVisibleTo(w)) names << QLatin1String(name);
+        return names.join(QLatin1Char(' '));
+    }
+    static void press(library::central* w, const char* key) {
+        w->Toolbar2->Buttons(QLatin1String(key)).action()->trigger();
+    }
+
+    QTemporaryDir dir;
+};
+
+TEST_F(CentralWindow, LoadsTheTreeOfStatesUnderOneRoot) {
+    auto* w = forms::get<library::central>(QStringLiteral("central"));
+    ASSERT_EQ(w->Tvw->Nodes.Count(), 29);
+    const std::tuple<int, const char*, const char*> nodes[] = {
+        {1, "One", "States"}, {2, "Two", "States"}, {5, "DEP", "Assam"}, {16, "Ker", "Kerala"}, {29, "We", "West Bangal"}};
+    for (const auto& [index, key, text] : nodes)
+        EXPECT_EQ(w->Tvw->Nodes(index).Key() + u'|' + w->Tvw->Nodes(index).Text(), QLatin1String(key) + u'|' + QLatin1String(text));
+    EXPECT_EQ(w->Tvw->Nodes(1).item()->childCount(), 28) << "the second \"States\" hangs from the root too";
+    EXPECT_TRUE(w->Tvw->Nodes(1).Expanded());
+}
+
+// Each sequence of presses, from a fresh window, and what the right-hand area shows after it.
+TEST_F(CentralWindow, ToolbarBringsOnePageForward) {
+    const struct { std::vector<const char*> keys; const char* shows; } cases[] = {
+        {{}, ""},
+        {{"Act"}, "OLE1 Label3"},
+        {{"rul"}, "OLE3 Label3"},
+        {{"Act", "forms"}, "OLE2 Label3"},
+        {{"forms", "rul", "Act"}, "OLE1 Label3"},
+        {{"circu"}, ""},
+        {{"Act", "circu", "CP", "BP", "not", "sch", "jud", "Ali", "rec", "ca"}, "OLE1 Label3"},
+    };
+    for (const auto& c : cases) {
+        forms::reset();
+        auto* w = shown();
+        for (const char* key : c.keys) press(w, key);
+        EXPECT_EQ(visibleArea(w), QLatin1String(c.shows)) << c.keys.size();
+    }
+}
+
+// "bac" hides the window as it is; "back" (no button carries it) unloads it, so it next shows fresh.
+TEST_F(CentralWindow, LeavingByBacKeepsThePageAndByBackDropsIt) {
+    auto* w = shown();
+    press(w, "forms");
+    press(w, "bac");
+    EXPECT_TRUE(!w->isVisible() && forms::get(QStringLiteral("main"))->isVisible());
+    w->show();
+    EXPECT_EQ(visibleArea(w), QLatin1String("OLE2 Label3"));
+
+    w->Toolbar2->ButtonClick(QStringLiteral("back"));
+    EXPECT_TRUE(!w->isVisible() && forms::get(QStringLiteral("frmkerala"))->isVisible());
+    w->Tvw->Nodes(1).setExpanded(false);
+    w->show();
+    EXPECT_EQ(visibleArea(w), QString());
+    EXPECT_TRUE(w->Tvw->Nodes.Count() == 29 && w->Tvw->Nodes(1).Expanded());
+}
+
+// A click on a page opens it in full; a link there opens the document it names, at its bookmark.
+TEST_F(CentralWindow, PageOpensInFullWithLiveLinks) {
+    const struct { const char* key; const char* link; const char* leadsTo; bool scrolls; } cases[] = {
+        {"Act", "Power to make rules", "13. Power to make rules.", true},
+        {"forms", "Form of declaration by the purchasing dealer", "FORM C", false},
+        {"rul", "Form H", "FORM H", false},
+        {"rul", "section 6A", "6A. Burden of proof", true},
+    };
+    auto* w = shown();
+    for (const auto& c : cases) {
+        press(w, c.key);
+        documents::OleContainer* page = w->OLE1->isVisibleTo(w) ? w->OLE1 : w->OLE2->isVisibleTo(w) ? w->OLE2 : w->OLE3;
+        QTest::mouseClick(page->textBrowser()->viewport(), Qt::LeftButton, {}, QPoint(40, 40));
+        documents::FullViewer* viewer = documents::FullViewer::existing();
+        ASSERT_TRUE(viewer && viewer->isVisible()) << c.key;
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(viewer));
+        EXPECT_EQ(viewer->view()->plainText(), page->plainText());
+
+        QTextBrowser* browser = viewer->view()->textBrowser();
+        QTextCursor link = browser->document()->find(QLatin1String(c.link));
+        ASSERT_FALSE(link.isNull()) << c.link;
+        link.setPosition(link.selectionStart() + 1);
+        browser->setTextCursor(link);
+        browser->ensureCursorVisible();
+        QTest::mouseClick(browser->viewport(), Qt::LeftButton, {}, browser->cursorRect(link).center());
+        EXPECT_TRUE(viewer->view()->plainText().contains(QLatin1String(c.leadsTo))) << c.link;
+        EXPECT_EQ(browser->verticalScrollBar()->value() > 0, c.scrolls) << c.link;
+        viewer->hide();
+    }
+    press(w, "rul");
+    EXPECT_TRUE(w->OLE3->plainText().startsWith(QLatin1String("Short title extend and commencement")));
+}
+
+// The keys that reach objects nothing sets end in the run-time error box; the window stays as it was.
+TEST_F(CentralWindow, UnsetObjectsAreReportedAndTheWindowStays) {
+    const struct { const char* node; const char* key; bool enter; bool reported; } cases[] = {
+        {"DEP", nullptr, false, true},   // Assam
+        {"COM", nullptr, true, true},    // Andhra Pradesh, by Enter
+        {"EMP", nullptr, false, true},   // chattisgarh
+        {"Del", nullptr, false, false},  // Delhi
+        {"CAT", nullptr, true, false},   // Arunachal Pradesh
+        {nullptr, "print", false, true},
+        {nullptr, "dele", false, true},
+    };
+    auto* w = shown();
+    press(w, "Act");
+    for (const auto& c : cases) {
+        forms::MsgBoxRecorder boxes;
+        if (c.key) {
+            w->Toolbar2->ButtonClick(QLatin1String(c.key));
+        } else {
+            const forms::Node node = w->Tvw->Nodes(QLatin1String(c.node));
+            w->Tvw->setSelectedItem(node);
+            if (c.enter)
+                QTest::keyClick(w->Tvw, Qt::Key_Return);
+            else
+                QTest::mouseDClick(w->Tvw->viewport(), Qt::LeftButton, {}, w->Tvw->visualItemRect(node.item()).center());
+        }
+        const char* name = c.node ? c.node : c.key;
+        const std::vector<forms::RecordedBox> expected = {
+            {QStringLiteral("Run-time error '91':\n\nObject variable or With block variable not set"), 16,
+             QStringLiteral("Vorlan")}};
+        EXPECT_EQ(boxes.boxes(), c.reported ? expected : std::vector<forms::RecordedBox>{}) << name;
+        EXPECT_TRUE(w->isVisible() && visibleArea(w) == QLatin1String("OLE1 Label3")) << name;
+    }
+
+    if (qEnvironmentVariableIsSet("VORLAN_SCREENS")) {
+        w->Tvw->setSelectedItem(w->Tvw->Nodes(QStringLiteral("Ker")));
+        w->grab().save(VORLAN_SOURCE_DIR "/docs/screens/central.png");
+    }
+}
+
+}  // namespace
