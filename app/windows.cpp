@@ -1,6 +1,7 @@
 #include "windows.h"
 
 #include "housekeeping/frm_back_up_restore.h"
+#include "library/central.h"
 #include "library/frm_kerala.h"
 #include "library/keralaforms.h"
 #include "platform/forms/window_registry.h"
@@ -16,6 +17,7 @@ void defineWindows() {
     forms::define(QStringLiteral("frmkerala"), [] { return new library::frmkerala; });
     forms::define(QStringLiteral("keralaforms"), [] { return new library::keralaforms; });
     forms::define(QStringLiteral("GlobalDisplay"), [] { return new library::GlobalDisplay; });
+    forms::define(QStringLiteral("central"), [] { return new library::central; });
     forms::define(QStringLiteral("frmBackUpRestore"), [] { return new housekeeping::frmBackUpRestore; });
     forms::define(QStringLiteral("frmNormal"), [] { return new returns::frmNormal; });
     forms::define(QStringLiteral("frmSelect"), [] { return new returns::frmSelect; });
