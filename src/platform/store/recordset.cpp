@@ -33,17 +33,21 @@ struct Row {
     sqlite3_int64 rowid = 0;
 };
 
-// Lower case for the filter's copy of a text column; plain ASCII, the usual case, without table look-ups.
-inline QString lowered(const QString& s) {
-    QString out(s.size(), Qt::Uninitialized);
+// Appends the text in lower case as UTF-8; plain ASCII, the usual case, without table look-ups.
+inline void appendLowered(std::string& out, const QString& s) {
+    const size_t mark = out.size();
+    out.resize(mark + size_t(s.size()));
+    char* to = out.data() + mark;
     const char16_t* in = reinterpret_cast<const char16_t*>(s.constData());
-    char16_t* to = reinterpret_cast<char16_t*>(out.data());
     for (qsizetype i = 0; i < s.size(); ++i) {
         const char16_t c = in[i];
-        if (c >= 0x80) return s.toLower();
-        to[i] = c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c;
+        if (c >= 0x80) {
+            out.resize(mark);
+            out += s.toLower().toStdString();
+            return;
+        }
+        to[i] = char(c >= u'A' && c <= u'Z' ? c + 32 : c);
     }
-    return out;
 }
 
 // The rows read at Open, shared by a record set and its clones.
@@ -53,7 +57,6 @@ struct RowSet {
     std::vector<Row> rows;
     QString table;                                // where added and changed rows are written
     bool hasRowid = false;
-    std::vector<std::vector<QString>> lowered;    // per column, the text in lower case; built on demand
     std::uint64_t version = 0;                    // moves on at every change of a row
 
     // The last few filters and the rows they let through, for as long as no row changes: a user typing
@@ -80,23 +83,21 @@ struct RowSet {
         scan.resize(columns.size());
         ScanColumn& sc = scan[size_t(column)];
         if (sc.builtAt == version) return sc;
-        const std::vector<QString>& low = loweredColumn(column);
         sc = ScanColumn{};
         sc.start.reserve(rows.size() + 1);
         sc.present.reserve(rows.size());
+        size_t size = rows.size();
+        for (const Row& row : rows) {
+            const basic::Variant& v = row.values[size_t(column)];
+            if (v.type() == basic::Variant::Text) size += size_t(v.text().size());
+        }
+        sc.bytes.reserve(size + size / 8);   // growing it step by step costs more than filling it
         for (size_t i = 0; i < rows.size(); ++i) {
             sc.start.push_back(sc.bytes.size());
             const basic::Variant& v = rows[i].values[size_t(column)];
             const bool present = !v.isNull() && !v.isEmpty();
             sc.present.push_back(present);
-            if (present) {
-                const QString text = low[i].isNull() ? basic::CStr(v).toLower() : low[i];
-                const bool ascii = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
-                if (ascii)
-                    for (QChar c : text) sc.bytes.push_back(char(c.unicode()));
-                else
-                    sc.bytes += text.toStdString();
-            }
+            if (present) detail::appendLowered(sc.bytes, v.type() == basic::Variant::Text ? v.text() : basic::CStr(v));
             sc.bytes.push_back('\0');
         }
         sc.start.push_back(sc.bytes.size());
@@ -110,24 +111,8 @@ struct RowSet {
         return -1;
     }
 
-    const std::vector<QString>& loweredColumn(int column) {
-        lowered.resize(columns.size());
-        std::vector<QString>& cache = lowered[size_t(column)];
-        for (size_t i = cache.size(); i < rows.size(); ++i) {
-            const basic::Variant& v = rows[i].values[size_t(column)];
-            cache.push_back(v.type() == basic::Variant::Text ? detail::lowered(v.text()) : QString());
-        }
-        return cache;
-    }
-
-    void refreshLowered(size_t row) {
-        ++version;
-        for (size_t c = 0; c < lowered.size(); ++c) {
-            if (row >= lowered[c].size()) continue;
-            const basic::Variant& v = rows[row].values[c];
-            lowered[c][row] = v.type() == basic::Variant::Text ? detail::lowered(v.text()) : QString();
-        }
-    }
+    // A row changed: what was built on the rows is built again when next asked for.
+    void rowChanged() { ++version; }
 };
 
 struct RecordsetData {
@@ -311,7 +296,7 @@ void rereadRow(RowSet& set, size_t index) {
     if (!st.step()) return;
     for (size_t k = 0; k < columns.size(); ++k)
         set.rows[index].values[columns[k]] = readValue(st.get(), int(k), set.columns[columns[k]].type);
-    set.refreshLowered(index);
+    set.rowChanged();
 }
 
 // True when every row that passes n passes o as well.
@@ -441,7 +426,7 @@ void Field::setValue(const basic::Variant& value) {
     }
     r.set->rows[row].values[size_t(column_)] = value;
     r.changed[size_t(column_)] = true;
-    r.set->refreshLowered(row);
+    r.set->rowChanged();
 }
 
 // ---- Recordset
@@ -700,7 +685,7 @@ void Recordset::AddNew() {
     detail::Row row;
     row.values.assign(set.columns.size(), basic::Variant::null());
     set.rows.push_back(std::move(row));
-    ++set.version;
+    set.rowChanged();
     const size_t index = set.rows.size() - 1;
     if (r.filtered) r.visible.push_back(index);
     r.pos = r.count() - 1;
@@ -749,15 +734,13 @@ void Recordset::CancelUpdate() {
     RowSet& set = *r.set;
     if (r.edit == RecordsetData::Adding && r.editRow + 1 == set.rows.size()) {
         set.rows.pop_back();
-        ++set.version;
-        for (auto& cache : set.lowered)
-            if (cache.size() > set.rows.size()) cache.pop_back();
+        set.rowChanged();
         if (r.filtered && !r.visible.empty() && r.visible.back() == r.editRow) r.visible.pop_back();
         r.pos = r.count() - 1;
         if (r.pos < 0) r.pos = 0;
     } else if (r.edit == RecordsetData::Editing) {
         set.rows[r.editRow].values = r.original;
-        set.refreshLowered(r.editRow);
+        set.rowChanged();
     }
     r.edit = RecordsetData::None;
 }
