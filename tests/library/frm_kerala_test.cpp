@@ -240,15 +240,4 @@ TEST_F(Kerala, BackAndTheCloseBoxBringMainBack) {
     EXPECT_TRUE(boxes.boxes().empty());
 }
 
-TEST_F(Kerala, RegisterComponentTrimsAndMapsItsModes) {
-    // A library loads once trimmed but has no registration entry (2); other modes call nothing (0).
-    const std::tuple<const char*, int, int> table[] = {{"  libm.so.6  ", 0, 2}, {"  libm.so.6  ", 1, 2},
-        {"  libm.so.6  ", 2, 0}, {"   ", 0, 0}, {"/no/such/crystl32.ocx", 0, 1}};
-    for (const auto& [file, mode, expected] : table) {
-        std::int32_t result = -1;
-        w->RegisterComponent(file, mode, result);
-        EXPECT_EQ(result, expected) << file << " mode " << mode;
-    }
-}
-
 }  // namespace

@@ -163,24 +163,6 @@ TEST_F(GridWindow, ARowDraggedOutOfItsBoundsFallsBack) {
     }
 }
 
-TEST_F(GridWindow, GoRaisesGoClickedWithTheKeyAndTheQueryWhenTheOwnerShows) {
-    auto* w = open(kActList, true);
-    w->setAdditionalSearchConditions(QStringLiteral("  and type='Act' "));
-    basic::Variant seen;
-    frmGlobalSections* from = nullptr;
-    QObject::connect(w, &frmGlobalSections::GoClicked, [&](frmGlobalSections* frm, basic::Variant& value) {
-        from = frm;
-        seen = value;
-    });
-    w->DataGrid1->setRow(1);
-    w->cmdGO->click();
-    EXPECT_EQ(from, w);
-    EXPECT_EQ(basic::CStr(seen), w->DataGrid1->ColumnText(1));
-    EXPECT_EQ(w->QueryString(), QStringLiteral("select fname from Kerala where name='") + basic::CStr(seen) +
-                                    QStringLiteral("' and type='Act'"));
-    EXPECT_FALSE(forms::exists(QStringLiteral("keralaforms")));
-}
-
 // A double click on the detail box shows the row's document, of the kind its bytes tell; a key with no row
 // falls to the stand-by document. VORLAN_SCREENS=1 keeps the README's pictures.
 TEST_F(GridWindow, GoShowsTheDocumentOrTheStandByOne) {

@@ -279,56 +279,25 @@ TEST_F(Browser, AnApostropheBreaksTheQueryIntoTheHandlersOwnBox) {
     }
 }
 
-TEST_F(Browser, ListPageGoShowsTheDocumentModallyAndTheReturnFormOpensTheChooser) {
+// Each Back of the list page brings its tree forward with its focus rule, each Go shows the document
+// modally; the return form, from the list page or the forms grid, opens the chooser instead.
+TEST_F(Browser, ListPageButtonsAndTheReturnForm) {
     struct Row {
-        QPushButton* frmkerala::*button;
-        const char* text1;
-        bool document;               // else the return chooser
-    };
-    const Row table[] = {
-        {&frmkerala::cmdactgo, "1", true},   {&frmkerala::cmdrulego, "", true}, {&frmkerala::cmdshgo, "", true},
-        {&frmkerala::judgo, "", true},       {&frmkerala::rngo, "", true},      {&frmkerala::Command1, "", true},
-        {&frmkerala::notGo, "", true},       {&frmkerala::aligo, "", true},     {&frmkerala::formsgo, "FORM 8", true},
-        {&frmkerala::formsgo, "  FORM10-AUTOCOMPUTATION ", false},
-    };
-    for (const Row& row : table) {
-        SCOPED_TRACE(row.text1);
-        w->Text1->setText(QString::fromUtf8(row.text1));
-        (w->*row.button)->click();
-        EXPECT_EQ(kf()->isVisible(), row.document);
-        if (row.document) {
-            EXPECT_EQ(kf()->windowModality(), Qt::ApplicationModal);
-        }
-        EXPECT_EQ(forms::exists(QStringLiteral("frmSelect")) && forms::get(QStringLiteral("frmSelect"))->isVisible(),
-                  !row.document);
-        kf()->Picture4->click();
-        if (forms::exists(QStringLiteral("frmSelect"))) forms::get(QStringLiteral("frmSelect"))->hide();
-    }
-    // The same form from the forms grid: its Go opens the chooser too, and the grid's next Go a document.
-    openNode(QStringLiteral("forms"), nullptr, QString());
-    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM10-AUTOCOMPUTATION"));
-    w->ObjFormGlobalSections->cmdGO->click();
-    EXPECT_TRUE(forms::get(QStringLiteral("frmSelect"))->isVisible());
-    EXPECT_FALSE(kf()->isVisible());
-    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM 1"));
-    w->ObjFormGlobalSections->cmdGO->click();
-    expectDocument({1, "SELECT fname FROM Kerala WHERE id=31"});
-    EXPECT_EQ(kf()->windowModality(), Qt::NonModal);
-    EXPECT_TRUE(boxes.boxes().empty());
-}
-
-TEST_F(Browser, ListPageBackReturnsToItsTreeWithItsFocusRule) {
-    struct Row {
-        QPushButton* frmkerala::*button;
-        forms::TreeView* frmkerala::*tree;   // nullptr: neither page shows
+        QPushButton *frmkerala::*go, *frmkerala::*back;
+        forms::TreeView* frmkerala::*tree;   // nullptr: Back shows neither page
         bool focus;
+        const char* text1;
     };
     const Row table[] = {
-        {&frmkerala::cmdactback, &frmkerala::Tvw, true},    {&frmkerala::cmdruleback, &frmkerala::tvw2, true},
-        {&frmkerala::notBack, &frmkerala::tvwn, true},      {&frmkerala::aliback, &frmkerala::tvwali, true},
-        {&frmkerala::judback, &frmkerala::tvw3, false},     {&frmkerala::rnback, &frmkerala::tvwr, false},
-        {&frmkerala::Command4, &frmkerala::tvwc, false},    {&frmkerala::cmdshback, nullptr, false},
-        {&frmkerala::formsback, nullptr, false},
+        {&frmkerala::cmdactgo, &frmkerala::cmdactback, &frmkerala::Tvw, true, "1"},
+        {&frmkerala::cmdrulego, &frmkerala::cmdruleback, &frmkerala::tvw2, true, ""},
+        {&frmkerala::notGo, &frmkerala::notBack, &frmkerala::tvwn, true, ""},
+        {&frmkerala::aligo, &frmkerala::aliback, &frmkerala::tvwali, true, ""},
+        {&frmkerala::judgo, &frmkerala::judback, &frmkerala::tvw3, false, ""},
+        {&frmkerala::rngo, &frmkerala::rnback, &frmkerala::tvwr, false, ""},
+        {&frmkerala::Command1, &frmkerala::Command4, &frmkerala::tvwc, false, ""},
+        {&frmkerala::cmdshgo, &frmkerala::cmdshback, nullptr, false, ""},
+        {&frmkerala::formsgo, &frmkerala::formsback, nullptr, false, "FORM 8"},
     };
     w->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(w));
@@ -336,7 +305,7 @@ TEST_F(Browser, ListPageBackReturnsToItsTreeWithItsFocusRule) {
         w->Frame1->hide();
         w->Frame2->show();
         w->Text3->setFocus();
-        (w->*row.button)->click();
+        (w->*row.back)->click();
         EXPECT_FALSE(w->Frame2->isVisible());
         EXPECT_EQ(w->Frame1->isVisible(), row.tree != nullptr);
         if (!row.tree) continue;
@@ -346,6 +315,31 @@ TEST_F(Browser, ListPageBackReturnsToItsTreeWithItsFocusRule) {
         EXPECT_EQ(front, tree);
         EXPECT_EQ(QApplication::focusWidget() == tree, row.focus);
     }
+    QWidget* chooser = forms::get(QStringLiteral("frmSelect"));
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.text1);
+        w->Text1->setText(QString::fromUtf8(row.text1));
+        (w->*row.go)->click();
+        EXPECT_TRUE(kf()->isVisible());
+        EXPECT_EQ(kf()->windowModality(), Qt::ApplicationModal);
+        EXPECT_FALSE(chooser->isVisible());
+        kf()->Picture4->click();
+    }
+    w->Text1->setText(QStringLiteral("  FORM10-AUTOCOMPUTATION "));
+    w->formsgo->click();
+    EXPECT_TRUE(chooser->isVisible());
+    EXPECT_FALSE(kf()->isVisible());
+    chooser->hide();
+    openNode(QStringLiteral("forms"), nullptr, QString());
+    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM10-AUTOCOMPUTATION"));
+    w->ObjFormGlobalSections->cmdGO->click();
+    EXPECT_TRUE(chooser->isVisible());
+    EXPECT_FALSE(kf()->isVisible());
+    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM 1"));
+    w->ObjFormGlobalSections->cmdGO->click();
+    expectDocument({1, "SELECT fname FROM Kerala WHERE id=31"});
+    EXPECT_EQ(kf()->windowModality(), Qt::NonModal);
+    EXPECT_TRUE(boxes.boxes().empty());
 }
 
 TEST_F(Browser, DormantKeysFillTheListPage) {
