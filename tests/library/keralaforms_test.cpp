@@ -86,13 +86,3 @@ TEST_F(LibraryWindows, AClickOnTheDocumentOpensItInFullEachTime) {
     EXPECT_TRUE(boxes.boxes().empty());
     documents::FullViewer::existing()->hide();
 }
-
-TEST_F(LibraryWindows, TheShellFindsTheStandByControlsByName) {
-    EXPECT_TRUE(shell::IsQueryReturnsNullCnStr(QStringLiteral("select fname from Kerala where name='none'"),
-                                               shell::strLibraryCn1));
-    EXPECT_EQ(kf()->MSRDC1->Connect(), shell::strLibraryCn1);
-    EXPECT_TRUE(kf()->MSRDC1->SQL().contains(QStringLiteral("Globalvat.name)='default'")));
-    kf()->MSRDC1->Refresh();
-    kf()->OLE1->setDataField(QStringLiteral("fname"));
-    EXPECT_FALSE(kf()->OLE1->plainText().isEmpty());
-}

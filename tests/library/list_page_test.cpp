@@ -1,23 +1,19 @@
-// frmkerala's list page on the sample library: the fills of the dormant tree keys, the click that points
-// the document window by toolbar key, the search box as the user types in it.
+// frmkerala's list page on the sample library: the click that points the document window by toolbar key,
+// the search box as the user types in it. The fills are driven from the nodes in section_handlers_test.
+#include "library_window_fixture.h"
+
 #include "library/frm_kerala.h"
-#include "library/keralaforms.h"
 #include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/status_bar.h"
-#include "platform/forms/window_registry.h"
-#include "shell/library_fixture.h"
 #include "shell/word_search.h"
 
 #include <QTest>
 
 using library::frmkerala;
-using library::keralaforms;
 
 namespace {
 
-const QString kSelectHint = QStringLiteral(
-    "Select the required item from list box by search or manual and press Go button to display the data");
 const QString kSearchHint = QStringLiteral(
     "Type the required words with space on priority in the search box and click this Button.To restore the "
     "datas, delete the search words and again press the button.");
@@ -32,25 +28,18 @@ QByteArray sampleDocument(const QString& table, const QString& name) {
     return {};
 }
 
-class ListPage : public LibraryFixture {
+class ListPage : public LibraryWindows {
 protected:
     void SetUp() override {
-        LibraryFixture::SetUp();
-        forms::reset();
+        LibraryWindows::SetUp();
         forms::define("main", [] { return new QWidget; });
-        forms::define("keralaforms", [] { return new keralaforms; });
         forms::define("frmkerala", [] { return new frmkerala; });
         w = forms::get<frmkerala>("frmkerala");
-        kf = forms::get<keralaforms>("keralaforms");
         w->setWindowState(Qt::WindowNoState);
         w->resize(1366, 768);
         w->show();
         w->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(w));
-    }
-    void TearDown() override {
-        forms::reset();
-        LibraryFixture::TearDown();
     }
     QStringList listed() const {
         QStringList all;
@@ -61,41 +50,7 @@ protected:
 
     forms::MsgBoxRecorder boxes;
     frmkerala* w = nullptr;
-    keralaforms* kf = nullptr;
 };
-
-TEST_F(ListPage, FillsOfTheDormantKeys) {
-    const struct {
-        const char* key;
-        QStringList entries;
-        QPushButton *go, *back;
-        bool searchBoxFocused;
-        QString status;
-    } cases[] = {
-        // Cut at the last hyphen ("1-2-Sale within the State"), a leading one kept, "" and Null left out.
-        {"Sectionwise", {"1", "2", "6", "6A", "1-2", "10", "-Levy of tax", "99", "7"}, w->cmdactgo, w->cmdactback,
-         true, kSelectHint},
-        {"Index", {"Index to Rules"}, w->cmdrulego, w->cmdruleback, false, "before"},
-        {"FullText", {"Full Text of Rules"}, w->cmdrulego, w->cmdruleback, true, "before"},
-    };
-    for (const auto& c : cases) {
-        w->List1->setFocus();
-        w->StatusBar1->Panels(1).setText("before");
-        if (c.key == QStringLiteral("Sectionwise"))
-            w->FillSectionwiseList();
-        else
-            w->FillRulesList(c.key);
-        EXPECT_EQ(listed(), c.entries) << c.key;
-        EXPECT_EQ(shell::wordSearchColumn, c.go == w->cmdactgo ? "ActSection" : "") << c.key;
-        if (c.go == w->cmdactgo) {
-            EXPECT_EQ(w->List1->ItemData(4), 5);  // "1-2" is the row of ID 5
-        }
-        EXPECT_TRUE(w->Frame2->isVisible() && !w->Frame1->isVisible()) << c.key;
-        for (QPushButton* b : {c.go, c.back}) EXPECT_EQ(w->Frame2->childAt(b->geometry().center()), b) << c.key;
-        EXPECT_EQ(w->Text3->hasFocus(), c.searchBoxFocused) << c.key;
-        EXPECT_EQ(status(), c.status) << c.key;
-    }
-}
 
 TEST_F(ListPage, ClickPointsTheDocumentByToolbarKey) {
     const QString cn1 = shell::strLibraryCn1, cn2 = shell::strLibraryCn2;
@@ -130,24 +85,24 @@ TEST_F(ListPage, ClickPointsTheDocumentByToolbarKey) {
         shell::wordSearchTable = "Keralafields";
         shell::wordSearchColumn = c.column ? c.column : "ActSection";
         shell::WordSearchToList(w->List1, shell::wordSearchTable, shell::wordSearchColumn, "", "ID");
-        kf->MSRDC1->setConnect("before");
-        kf->MSRDC1->setSQL("");
-        const QByteArray shownBefore = kf->OLE1->document();
+        kf()->MSRDC1->setConnect("before");
+        kf()->MSRDC1->setSQL("");
+        const QByteArray shownBefore = kf()->OLE1->document();
 
         const int index = c.click ? int(listed().indexOf(c.click)) : -1;
         ASSERT_TRUE(!c.click || index >= 0) << label;
         index >= 0 ? w->List1->setListIndex(index) : w->List1_Click();  // the list raises its click
 
         EXPECT_EQ(w->Text1->text(), QString(c.click)) << label;
-        EXPECT_EQ(kf->MSRDC1->Connect(), c.connect) << label;
-        EXPECT_EQ(kf->MSRDC1->SQL(), c.sql) << label;
-        EXPECT_EQ(kf->OLE1->document(), c.sql.isEmpty() ? shownBefore : sampleDocument(c.table, c.name)) << label;
-        EXPECT_FALSE(kf->isVisible()) << label;  // a click prepares, Go shows
+        EXPECT_EQ(kf()->MSRDC1->Connect(), c.connect) << label;
+        EXPECT_EQ(kf()->MSRDC1->SQL(), c.sql) << label;
+        EXPECT_EQ(kf()->OLE1->document(), c.sql.isEmpty() ? shownBefore : sampleDocument(c.table, c.name)) << label;
+        EXPECT_FALSE(kf()->isVisible()) << label;  // a click prepares, Go shows
     }
     EXPECT_TRUE(boxes.boxes().empty());
 
     // "O'Neil Agencies v. State" breaks the unquoted statements: the box, the document as it was.
-    const QByteArray shown = kf->OLE1->document();
+    const QByteArray shown = kf()->OLE1->document();
     ASSERT_FALSE(shown.isEmpty());
     shell::wordSearchColumn = "RJudgmentCitation";
     w->CurrentToolbarKey = "rec";
@@ -159,7 +114,7 @@ TEST_F(ListPage, ClickPointsTheDocumentByToolbarKey) {
     EXPECT_TRUE(boxes.boxes()[0].text.contains(" | No: "));
     EXPECT_EQ(boxes.boxes()[0].style, forms::vbExclamation);
     EXPECT_EQ(boxes.boxes()[0].title, "_IN_DEBUG");
-    EXPECT_EQ(kf->OLE1->document(), shown);
+    EXPECT_EQ(kf()->OLE1->document(), shown);
 }
 
 TEST_F(ListPage, TypingJumpsThroughTheListEnterSearchesByWords) {
@@ -172,7 +127,7 @@ TEST_F(ListPage, TypingJumpsThroughTheListEnterSearchesByWords) {
             *k == '\b' ? QTest::keyClick(w->Text3, Qt::Key_Backspace) : QTest::keyClicks(w->Text3, QString(QLatin1Char(*k)));
         EXPECT_EQ(w->List1->ListIndex(), index) << keys;
         EXPECT_EQ(w->Text1->text(), name) << keys;
-        EXPECT_EQ(kf->MSRDC1->SQL(), QStringLiteral("select fname from KERALA where name='%1' and type='Act'").arg(name));
+        EXPECT_EQ(kf()->MSRDC1->SQL(), QStringLiteral("select fname from KERALA where name='%1' and type='Act'").arg(name));
         EXPECT_TRUE(w->Text3->hasFocus());
     }
     if (qEnvironmentVariableIsSet("VORLAN_SCREENS")) w->grab().save(VORLAN_SOURCE_DIR "/docs/screens/list-page.png");

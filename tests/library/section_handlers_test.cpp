@@ -3,7 +3,6 @@
 #include "library_window_fixture.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -95,7 +94,7 @@ protected:
     forms::MsgBoxRecorder boxes;
 };
 
-TEST_F(Browser, EveryCatalogueRowOpensItsGridAndGoShowsItsRow) {
+TEST_F(Browser, EveryCatalogueRowOpensItsGridOnceAndGoShowsItsRow) {
     // The allied circulars and notifications have rows but no node yet: the test gives them one.
     w->tvwali->Nodes.Add(QStringLiteral("One"), forms::tvwChild, QStringLiteral("Sec4al"), QStringLiteral("Circulars"));
     w->tvwali->Nodes.Add(QStringLiteral("One"), forms::tvwChild, QStringLiteral("Sec5al"), QStringLiteral("Notif"));
@@ -104,39 +103,40 @@ TEST_F(Browser, EveryCatalogueRowOpensItsGridAndGoShowsItsRow) {
         forms::TreeView* frmkerala::*tree;   // nullptr: the toolbar key opens the grid
         const char* node;
         GridRef grid;
+        bool back;                           // its Back brings the browser up
         long rows;
         int column;                          // the column and text of the row picked; column -1: Go
         const char* value;                   // raised with this value on the empty grid
         Doc doc;
     };
     const Row table[] = {
-        {"Act", &frmkerala::Tvw, "VAT", &frmkerala::ObjActGlobalSections, 6, 1, "1-2", {1, "SELECT fname FROM Kerala WHERE id=5"}},
-        {"Act", &frmkerala::Tvw, "KGST", &frmkerala::ObjSectionIndexKGSTGB, 1, 0, "Section index KGST", {1, "SELECT fname FROM Kerala WHERE id=9"}},
-        {"Act", &frmkerala::Tvw, "GENERAL", &frmkerala::ObjGenSaleTaxActGB, 1, 0, "THE KERALA GENERAL SALES TAX ACT", {1, "SELECT fname FROM Kerala WHERE id=8"}},
-        {"Act", &frmkerala::Tvw, "GST", &frmkerala::ObjGSTPaperReportGB, 2, 0, "Report On GST Of Task Force", {1, "SELECT fname FROM Kerala WHERE id=11"}},
-        {"rul", &frmkerala::tvw2, "Sectionwise", &frmkerala::ObjRuleGlobalSections, 3, 1, "Rule 2", {1, "SELECT fname FROM Kerala WHERE id=21"}},
-        {"rul", &frmkerala::tvw2, "GENERAL", &frmkerala::ObjGSTRuleGB, 1, 0, "KERALA GENERAL SALES TAX RULES", {1, "SELECT fname FROM Kerala WHERE id=24"}},
-        {"circu", &frmkerala::tvwc, "Gen", &frmkerala::gsCircularNumber, 7, 0, "5-2008-Works contract composition", {1, "SELECT fname FROM Kerala WHERE id=202"}},
-        {"circu", &frmkerala::tvwc, "Twor", &frmkerala::gsCircularSection, 3, 0, "Sec 11-Circular 12/2006", {1, "SELECT fname FROM Kerala WHERE id=200"}},
-        {"circu", &frmkerala::tvwc, "cirsub", &frmkerala::gsCircularSubject, 4, 0, "Returns by post-Circular 3/2007", {1, "SELECT fname FROM Kerala WHERE id=201"}},
-        {"not", &frmkerala::tvwn, "Twon", &frmkerala::gsNotificationSection, 4, 0, "Sec 6-SRO 1040/2007", {1, "SELECT fname FROM Kerala WHERE id=211"}},
-        {"not", &frmkerala::tvwn, "Sec2r", &frmkerala::gsNotificationNumber, 3, 0, "SRO 7/2008-Exemption to small dealers", {1, "SELECT fname FROM Kerala WHERE id=212"}},
-        {"not", &frmkerala::tvwn, "Notsub", &frmkerala::gsNotificationSubject, 3, 0, "Rubber-SRO 82/2006", {1, "SELECT fname FROM Kerala WHERE id=210"}},
-        {"jud", &frmkerala::tvw3, "Twor", &frmkerala::gsJudgmentSection, 4, 0, "Sec 6-Kerala Cashew Board-Assessment appeal", {2, "SELECT fname FROM Globalvatse WHERE name='Kerala Cashew Board-Assessment appeal'"}},
-        {"jud", &frmkerala::tvw3, "Sec1r", &frmkerala::gsJudgmentCitation, 4, 0, "[2006] 4 KTR 12-State v. Coconut Traders (2006)", {1, "SELECT fname FROM Globalvat WHERE name='State v. Coconut Traders (2006)'"}},
-        {"jud", &frmkerala::tvw3, "Sec2r", &frmkerala::gsJudgmentSubject, 4, 0, "Empty record-Sree Traders v. Intelligence Officer", kStandby},
-        {"rec", &frmkerala::tvwr, "Twor", &frmkerala::gsArJudgmentSection, 4, 0, "Sec 7-Unreported order", kStandby},
-        {"rec", &frmkerala::tvwr, "Sec1r", &frmkerala::gsArJudgmentCitation, 3, 0, "(1998) 110 STC 4-Travancore Rubber v. State", {2, "SELECT fname FROM Globalvatse WHERE name='Travancore Rubber v. State'"}},
-        {"rec", &frmkerala::tvwr, "Subr", &frmkerala::gsArJudgmentSubject, 3, 0, "Penalty-Malabar Tiles v. Commissioner", {1, "SELECT fname FROM Globalvat WHERE name='Malabar Tiles v. Commissioner'"}},
-        {"Ali", &frmkerala::tvwali, "Sec1al", &frmkerala::ObjAlliedActGB, 3, 0, "THE KERALA MONEY-LENDERS ACT 1958 ", {1, "SELECT fname FROM Kerala WHERE id=41"}},
-        {"Ali", &frmkerala::tvwali, "Sec2al", &frmkerala::ObjAlliedRuleGB, 3, 0, "MANGALYA NIDHI CESS RULES", {1, "SELECT fname FROM Kerala WHERE id=45"}},
+        {"Act", &frmkerala::Tvw, "VAT", &frmkerala::ObjActGlobalSections, false, 6, 1, "1-2", {1, "SELECT fname FROM Kerala WHERE id=5"}},
+        {"Act", &frmkerala::Tvw, "KGST", &frmkerala::ObjSectionIndexKGSTGB, true, 1, 0, "Section index KGST", {1, "SELECT fname FROM Kerala WHERE id=9"}},
+        {"Act", &frmkerala::Tvw, "GENERAL", &frmkerala::ObjGenSaleTaxActGB, true, 1, 0, "THE KERALA GENERAL SALES TAX ACT", {1, "SELECT fname FROM Kerala WHERE id=8"}},
+        {"Act", &frmkerala::Tvw, "GST", &frmkerala::ObjGSTPaperReportGB, true, 2, 0, "Report On GST Of Task Force", {1, "SELECT fname FROM Kerala WHERE id=11"}},
+        {"rul", &frmkerala::tvw2, "Sectionwise", &frmkerala::ObjRuleGlobalSections, false, 3, 1, "Rule 2", {1, "SELECT fname FROM Kerala WHERE id=21"}},
+        {"rul", &frmkerala::tvw2, "GENERAL", &frmkerala::ObjGSTRuleGB, true, 1, 0, "KERALA GENERAL SALES TAX RULES", {1, "SELECT fname FROM Kerala WHERE id=24"}},
+        {"circu", &frmkerala::tvwc, "Gen", &frmkerala::gsCircularNumber, false, 7, 0, "5-2008-Works contract composition", {1, "SELECT fname FROM Kerala WHERE id=202"}},
+        {"circu", &frmkerala::tvwc, "Twor", &frmkerala::gsCircularSection, false, 3, 0, "Sec 11-Circular 12/2006", {1, "SELECT fname FROM Kerala WHERE id=200"}},
+        {"circu", &frmkerala::tvwc, "cirsub", &frmkerala::gsCircularSubject, false, 4, 0, "Returns by post-Circular 3/2007", {1, "SELECT fname FROM Kerala WHERE id=201"}},
+        {"not", &frmkerala::tvwn, "Twon", &frmkerala::gsNotificationSection, false, 4, 0, "Sec 6-SRO 1040/2007", {1, "SELECT fname FROM Kerala WHERE id=211"}},
+        {"not", &frmkerala::tvwn, "Sec2r", &frmkerala::gsNotificationNumber, false, 3, 0, "SRO 7/2008-Exemption to small dealers", {1, "SELECT fname FROM Kerala WHERE id=212"}},
+        {"not", &frmkerala::tvwn, "Notsub", &frmkerala::gsNotificationSubject, false, 3, 0, "Rubber-SRO 82/2006", {1, "SELECT fname FROM Kerala WHERE id=210"}},
+        {"jud", &frmkerala::tvw3, "Twor", &frmkerala::gsJudgmentSection, false, 4, 0, "Sec 6-Kerala Cashew Board-Assessment appeal", {2, "SELECT fname FROM Globalvatse WHERE name='Kerala Cashew Board-Assessment appeal'"}},
+        {"jud", &frmkerala::tvw3, "Sec1r", &frmkerala::gsJudgmentCitation, true, 4, 0, "[2006] 4 KTR 12-State v. Coconut Traders (2006)", {1, "SELECT fname FROM Globalvat WHERE name='State v. Coconut Traders (2006)'"}},
+        {"jud", &frmkerala::tvw3, "Sec2r", &frmkerala::gsJudgmentSubject, false, 4, 0, "Empty record-Sree Traders v. Intelligence Officer", kStandby},
+        {"rec", &frmkerala::tvwr, "Twor", &frmkerala::gsArJudgmentSection, false, 4, 0, "Sec 7-Unreported order", kStandby},
+        {"rec", &frmkerala::tvwr, "Sec1r", &frmkerala::gsArJudgmentCitation, false, 3, 0, "(1998) 110 STC 4-Travancore Rubber v. State", {2, "SELECT fname FROM Globalvatse WHERE name='Travancore Rubber v. State'"}},
+        {"rec", &frmkerala::tvwr, "Subr", &frmkerala::gsArJudgmentSubject, false, 3, 0, "Penalty-Malabar Tiles v. Commissioner", {1, "SELECT fname FROM Globalvat WHERE name='Malabar Tiles v. Commissioner'"}},
+        {"Ali", &frmkerala::tvwali, "Sec1al", &frmkerala::ObjAlliedActGB, true, 3, 0, "THE KERALA MONEY-LENDERS ACT 1958 ", {1, "SELECT fname FROM Kerala WHERE id=41"}},
+        {"Ali", &frmkerala::tvwali, "Sec2al", &frmkerala::ObjAlliedRuleGB, true, 3, 0, "MANGALYA NIDHI CESS RULES", {1, "SELECT fname FROM Kerala WHERE id=45"}},
         // 63 names, less the one the sample leaves out; the double blank must match.
-        {"Ali", &frmkerala::tvwali, "Sec3al", &frmkerala::ObjAlliedFormsGB, 62, 0, "Mangalya  FORM II", {1, "SELECT fname FROM Kerala WHERE id=124"}},
-        {"Ali", &frmkerala::tvwali, "Sec4al", &frmkerala::ObjAlliedCircularsGB, 0, -1, "KERALA LUXURY TAX NOTIFICATIONS", {1, "SELECT fname FROM Kerala WHERE id=46"}},
-        {"Ali", &frmkerala::tvwali, "Sec5al", &frmkerala::ObjAlliedNotificationsGB, 1, 0, "KERALA LUXURY TAX NOTIFICATIONS", {1, "SELECT fname FROM Kerala WHERE id=46"}},
-        {"sch", nullptr, "", &frmkerala::ObjScheduleGlobalSection, 4, 0, "Third Schedule - Goods taxed at 4 per cent", {3, "SELECT fname FROM Allshedule WHERE ID=3"}},
-        {"forms", nullptr, "", &frmkerala::ObjFormGlobalSections, 4, 1, "FORM 8", {1, "SELECT fname FROM Kerala WHERE id=32"}},
-        {"ca", nullptr, "", &frmkerala::ObjCAMenuItemGlobalSection, 4, 2, "Engagement letter", {3, "SELECT fname FROM CAPractice WHERE ID=3"}},
+        {"Ali", &frmkerala::tvwali, "Sec3al", &frmkerala::ObjAlliedFormsGB, true, 62, 0, "Mangalya  FORM II", {1, "SELECT fname FROM Kerala WHERE id=124"}},
+        {"Ali", &frmkerala::tvwali, "Sec4al", &frmkerala::ObjAlliedCircularsGB, true, 0, -1, "KERALA LUXURY TAX NOTIFICATIONS", {1, "SELECT fname FROM Kerala WHERE id=46"}},
+        {"Ali", &frmkerala::tvwali, "Sec5al", &frmkerala::ObjAlliedNotificationsGB, true, 1, 0, "KERALA LUXURY TAX NOTIFICATIONS", {1, "SELECT fname FROM Kerala WHERE id=46"}},
+        {"sch", nullptr, "", &frmkerala::ObjScheduleGlobalSection, false, 4, 0, "Third Schedule - Goods taxed at 4 per cent", {3, "SELECT fname FROM Allshedule WHERE ID=3"}},
+        {"forms", nullptr, "", &frmkerala::ObjFormGlobalSections, false, 4, 1, "FORM 8", {1, "SELECT fname FROM Kerala WHERE id=32"}},
+        {"ca", nullptr, "", &frmkerala::ObjCAMenuItemGlobalSection, false, 4, 2, "Engagement letter", {3, "SELECT fname FROM CAPractice WHERE ID=3"}},
     };
     ASSERT_EQ(std::size(table), std::size(library::kGridCatalogue));
     for (const Row& row : table) {
@@ -145,7 +145,12 @@ TEST_F(Browser, EveryCatalogueRowOpensItsGridAndGoShowsItsRow) {
         for (const auto& e : library::kGridCatalogue)
             if (e.reference == row.grid) entry = &e;
         ASSERT_NE(entry, nullptr);
-        openNode(QString::fromUtf8(row.toolbar), row.tree ? w->*row.tree : nullptr, QString::fromUtf8(row.node));
+        const auto open = [&] {
+            openNode(QString::fromUtf8(row.toolbar), row.tree ? w->*row.tree : nullptr, QString::fromUtf8(row.node));
+        };
+        const auto made = w->findChildren<frmGlobalSections*>().size();
+        open();
+        EXPECT_EQ(w->findChildren<frmGlobalSections*>().size(), made + 1);
         frmGlobalSections* grid = w->*row.grid;
         ASSERT_NE(grid, nullptr);
         EXPECT_TRUE(grid->isVisible());
@@ -162,45 +167,26 @@ TEST_F(Browser, EveryCatalogueRowOpensItsGridAndGoShowsItsRow) {
         }
         expectDocument(row.doc);
         kf()->Picture4->click();
-        grid->hide();
-    }
-    EXPECT_TRUE(boxes.boxes().empty());
-}
-
-TEST_F(Browser, GridsAreMadeOnceAndOnlyNodesWithARowOpenOne) {
-    struct Row {
-        const char* toolbar;
-        forms::TreeView* frmkerala::*tree;
-        const char* node;
-        GridRef grid;                        // nullptr: no grid opens
-    };
-    const Row table[] = {
-        {"Act", &frmkerala::Tvw, "One", nullptr},
-        {"Ali", &frmkerala::tvwali, "One", nullptr},
-        {"jud", &frmkerala::tvw3, "Sec2r", &frmkerala::gsJudgmentSubject},
-        {"Ali", &frmkerala::tvwali, "Sec1al", &frmkerala::ObjAlliedActGB},   // a single click
-        {"ca", nullptr, "", &frmkerala::ObjCAMenuItemGlobalSection},
-    };
-    for (const Row& row : table) {
-        SCOPED_TRACE(std::string(row.toolbar) + " " + row.node);
-        const auto before = w->findChildren<frmGlobalSections*>().size();
-        const auto open = [&] {
-            openNode(QString::fromUtf8(row.toolbar), row.tree ? w->*row.tree : nullptr, QString::fromUtf8(row.node));
-        };
-        open();
-        EXPECT_EQ(w->findChildren<frmGlobalSections*>().size(), before + (row.grid ? 1 : 0));
-        if (!row.grid) continue;
-        frmGlobalSections* grid = w->*row.grid;
+        // The node again brings the same grid back as it was left, neither made nor filled anew.
         grid->txtSearch->setText(QStringLiteral("zzz"));
+        w->hide();
         grid->cmdBack->click();
+        EXPECT_FALSE(grid->isVisible());
+        EXPECT_EQ(w->isVisible(), row.back);
+        w->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(w));
         open();
         EXPECT_EQ(w->*row.grid, grid);
         EXPECT_TRUE(grid->isVisible());
         EXPECT_EQ(grid->txtSearch->text(), QStringLiteral("zzz"));
         EXPECT_EQ(grid->DataGrid1->RowCount(), 0);
-        EXPECT_EQ(w->findChildren<frmGlobalSections*>().size(), before + 1);
+        EXPECT_EQ(w->findChildren<frmGlobalSections*>().size(), made + 1);
         grid->hide();
     }
+    // A root node opens nothing.
+    openNode(QStringLiteral("Act"), w->Tvw, QStringLiteral("One"));
+    openNode(QStringLiteral("Ali"), w->tvwali, QStringLiteral("One"));
+    EXPECT_EQ(w->findChildren<frmGlobalSections*>().size(), std::size(table));
     EXPECT_TRUE(boxes.boxes().empty());
 }
 
@@ -293,76 +279,25 @@ TEST_F(Browser, AnApostropheBreaksTheQueryIntoTheHandlersOwnBox) {
     }
 }
 
-TEST_F(Browser, BackFromAGridShowsTheBrowserOnlyWhereAHandlerAnswers) {
-    const std::pair<GridRef, bool> table[] = {
-        {&frmkerala::gsJudgmentCitation, true},  {&frmkerala::ObjAlliedFormsGB, true},
-        {&frmkerala::gsJudgmentSection, false},  {&frmkerala::ObjActGlobalSections, false},
-    };
-    openNode(QStringLiteral("jud"), w->tvw3, QStringLiteral("Sec1r"));
-    openNode(QStringLiteral("jud"), w->tvw3, QStringLiteral("Twor"));
-    openNode(QStringLiteral("Ali"), w->tvwali, QStringLiteral("Sec3al"));
-    openNode(QStringLiteral("Act"), w->Tvw, QStringLiteral("VAT"));
-    for (const auto& [ref, shows] : table) {
-        frmGlobalSections* grid = w->*ref;
-        ASSERT_NE(grid, nullptr);
-        grid->show();
-        w->hide();
-        grid->cmdBack->click();
-        EXPECT_FALSE(grid->isVisible());
-        EXPECT_EQ(w->isVisible(), shows) << grid->windowTitle().toStdString();
-    }
-}
-
-TEST_F(Browser, ListPageGoShowsTheDocumentModallyAndTheReturnFormOpensTheChooser) {
+// Each Back of the list page brings its tree forward with its focus rule, each Go shows the document
+// modally; the return form, from the list page or the forms grid, opens the chooser instead.
+TEST_F(Browser, ListPageButtonsAndTheReturnForm) {
     struct Row {
-        QPushButton* frmkerala::*button;
-        const char* text1;
-        bool document;               // else the return chooser
-    };
-    const Row table[] = {
-        {&frmkerala::cmdactgo, "1", true},   {&frmkerala::cmdrulego, "", true}, {&frmkerala::cmdshgo, "", true},
-        {&frmkerala::judgo, "", true},       {&frmkerala::rngo, "", true},      {&frmkerala::Command1, "", true},
-        {&frmkerala::notGo, "", true},       {&frmkerala::aligo, "", true},     {&frmkerala::formsgo, "FORM 8", true},
-        {&frmkerala::formsgo, "  FORM10-AUTOCOMPUTATION ", false},
-    };
-    for (const Row& row : table) {
-        SCOPED_TRACE(row.text1);
-        w->Text1->setText(QString::fromUtf8(row.text1));
-        (w->*row.button)->click();
-        EXPECT_EQ(kf()->isVisible(), row.document);
-        if (row.document) {
-            EXPECT_EQ(kf()->windowModality(), Qt::ApplicationModal);
-        }
-        EXPECT_EQ(forms::exists(QStringLiteral("frmSelect")) && forms::get(QStringLiteral("frmSelect"))->isVisible(),
-                  !row.document);
-        kf()->Picture4->click();
-        if (forms::exists(QStringLiteral("frmSelect"))) forms::get(QStringLiteral("frmSelect"))->hide();
-    }
-    // The same form from the forms grid: its Go opens the chooser too, and the grid's next Go a document.
-    openNode(QStringLiteral("forms"), nullptr, QString());
-    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM10-AUTOCOMPUTATION"));
-    w->ObjFormGlobalSections->cmdGO->click();
-    EXPECT_TRUE(forms::get(QStringLiteral("frmSelect"))->isVisible());
-    EXPECT_FALSE(kf()->isVisible());
-    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM 1"));
-    w->ObjFormGlobalSections->cmdGO->click();
-    expectDocument({1, "SELECT fname FROM Kerala WHERE id=31"});
-    EXPECT_EQ(kf()->windowModality(), Qt::NonModal);
-    EXPECT_TRUE(boxes.boxes().empty());
-}
-
-TEST_F(Browser, ListPageBackReturnsToItsTreeWithItsFocusRule) {
-    struct Row {
-        QPushButton* frmkerala::*button;
-        forms::TreeView* frmkerala::*tree;   // nullptr: neither page shows
+        QPushButton *frmkerala::*go, *frmkerala::*back;
+        forms::TreeView* frmkerala::*tree;   // nullptr: Back shows neither page
         bool focus;
+        const char* text1;
     };
     const Row table[] = {
-        {&frmkerala::cmdactback, &frmkerala::Tvw, true},    {&frmkerala::cmdruleback, &frmkerala::tvw2, true},
-        {&frmkerala::notBack, &frmkerala::tvwn, true},      {&frmkerala::aliback, &frmkerala::tvwali, true},
-        {&frmkerala::judback, &frmkerala::tvw3, false},     {&frmkerala::rnback, &frmkerala::tvwr, false},
-        {&frmkerala::Command4, &frmkerala::tvwc, false},    {&frmkerala::cmdshback, nullptr, false},
-        {&frmkerala::formsback, nullptr, false},
+        {&frmkerala::cmdactgo, &frmkerala::cmdactback, &frmkerala::Tvw, true, "1"},
+        {&frmkerala::cmdrulego, &frmkerala::cmdruleback, &frmkerala::tvw2, true, ""},
+        {&frmkerala::notGo, &frmkerala::notBack, &frmkerala::tvwn, true, ""},
+        {&frmkerala::aligo, &frmkerala::aliback, &frmkerala::tvwali, true, ""},
+        {&frmkerala::judgo, &frmkerala::judback, &frmkerala::tvw3, false, ""},
+        {&frmkerala::rngo, &frmkerala::rnback, &frmkerala::tvwr, false, ""},
+        {&frmkerala::Command1, &frmkerala::Command4, &frmkerala::tvwc, false, ""},
+        {&frmkerala::cmdshgo, &frmkerala::cmdshback, nullptr, false, ""},
+        {&frmkerala::formsgo, &frmkerala::formsback, nullptr, false, "FORM 8"},
     };
     w->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(w));
@@ -370,7 +305,7 @@ TEST_F(Browser, ListPageBackReturnsToItsTreeWithItsFocusRule) {
         w->Frame1->hide();
         w->Frame2->show();
         w->Text3->setFocus();
-        (w->*row.button)->click();
+        (w->*row.back)->click();
         EXPECT_FALSE(w->Frame2->isVisible());
         EXPECT_EQ(w->Frame1->isVisible(), row.tree != nullptr);
         if (!row.tree) continue;
@@ -380,6 +315,31 @@ TEST_F(Browser, ListPageBackReturnsToItsTreeWithItsFocusRule) {
         EXPECT_EQ(front, tree);
         EXPECT_EQ(QApplication::focusWidget() == tree, row.focus);
     }
+    QWidget* chooser = forms::get(QStringLiteral("frmSelect"));
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.text1);
+        w->Text1->setText(QString::fromUtf8(row.text1));
+        (w->*row.go)->click();
+        EXPECT_TRUE(kf()->isVisible());
+        EXPECT_EQ(kf()->windowModality(), Qt::ApplicationModal);
+        EXPECT_FALSE(chooser->isVisible());
+        kf()->Picture4->click();
+    }
+    w->Text1->setText(QStringLiteral("  FORM10-AUTOCOMPUTATION "));
+    w->formsgo->click();
+    EXPECT_TRUE(chooser->isVisible());
+    EXPECT_FALSE(kf()->isVisible());
+    chooser->hide();
+    openNode(QStringLiteral("forms"), nullptr, QString());
+    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM10-AUTOCOMPUTATION"));
+    w->ObjFormGlobalSections->cmdGO->click();
+    EXPECT_TRUE(chooser->isVisible());
+    EXPECT_FALSE(kf()->isVisible());
+    pick(w->ObjFormGlobalSections, 1, QStringLiteral("FORM 1"));
+    w->ObjFormGlobalSections->cmdGO->click();
+    expectDocument({1, "SELECT fname FROM Kerala WHERE id=31"});
+    EXPECT_EQ(kf()->windowModality(), Qt::NonModal);
+    EXPECT_TRUE(boxes.boxes().empty());
 }
 
 TEST_F(Browser, DormantKeysFillTheListPage) {
@@ -393,17 +353,17 @@ TEST_F(Browser, DormantKeysFillTheListPage) {
         forms::TreeView* frmkerala::*tree;
         const char* node;
         QStringList entries;
-        QPushButton* frmkerala::*go;
+        QPushButton *frmkerala::*go, *frmkerala::*back;
         bool focusSearch;
         bool status;
     };
     const Row table[] = {
         // These empty the word-search strings, and with them the status text.
-        {"rul", &frmkerala::tvw2, "Index", {"Index to Rules"}, &frmkerala::cmdrulego, false, false},
-        {"rul", &frmkerala::tvw2, "FullText", {"Full Text of Rules"}, &frmkerala::cmdrulego, true, false},
+        {"rul", &frmkerala::tvw2, "Index", {"Index to Rules"}, &frmkerala::cmdrulego, &frmkerala::cmdruleback, false, false},
+        {"rul", &frmkerala::tvw2, "FullText", {"Full Text of Rules"}, &frmkerala::cmdrulego, &frmkerala::cmdruleback, true, false},
         // Cut at the last hyphen when the first stands after the first character; "" is left out.
         {"Act", &frmkerala::Tvw, "Sectionwise", {"1", "2", "6", "6A", "1-2", "10", "-Levy of tax", "99", "7"},
-         &frmkerala::cmdactgo, true, true},
+         &frmkerala::cmdactgo, &frmkerala::cmdactback, true, true},
     };
     for (const Row& row : table) {
         SCOPED_TRACE(row.node);
@@ -419,7 +379,8 @@ TEST_F(Browser, DormantKeysFillTheListPage) {
         }
         EXPECT_TRUE(w->Frame2->isVisible());
         EXPECT_FALSE(w->Frame1->isVisible());
-        EXPECT_EQ(w->Frame2->childAt((w->*row.go)->geometry().center()), w->*row.go);
+        for (auto button : {row.go, row.back}) EXPECT_EQ(w->Frame2->childAt((w->*button)->geometry().center()), w->*button);
+        EXPECT_EQ(shell::wordSearchColumn, row.status ? "ActSection" : "");
         EXPECT_TRUE(w->Text1->text().isEmpty());
         EXPECT_EQ(QApplication::focusWidget() == w->Text3, row.focusSearch);
         EXPECT_EQ(w->StatusBar1->Panels(1).Text(), row.status ? kSelectStatus : QString());
@@ -430,15 +391,4 @@ TEST_F(Browser, DormantKeysFillTheListPage) {
     w->StatusBar1->Panels(1).setText(QString());
     openNode(QStringLiteral("Act"), w->Tvw, QStringLiteral("VAT"));
     EXPECT_EQ(w->StatusBar1->Panels(1).Text(), kSelectStatus);
-}
-
-TEST_F(Browser, ScreenOfAGridOpenedFromANode) {
-    openNode(QStringLiteral("jud"), w->tvw3, QStringLiteral("Sec1r"));
-    frmGlobalSections* grid = w->gsJudgmentCitation;
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(grid));
-    grid->DataGrid1->setRow(1);
-    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
-                                                                     : QDir::tempPath();
-    QDir().mkpath(dir);
-    EXPECT_TRUE(grid->grab().save(dir + "/grid-judgment-citations.png"));
 }

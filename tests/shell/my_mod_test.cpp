@@ -41,16 +41,3 @@ TEST_F(MyMod, WrongPasswordOrMissingFileStopsTheStart) {
     QFile::copy(dir.filePath("1509214SD03.mdb"), dir.filePath("1309214SD02.mdb"));  // keyed with another password
     EXPECT_NE(basic::resume([] { shell::InitLibraryStore(); }).number(), 0);
 }
-
-TEST_F(MyMod, SmallRoutinesAsTheSystemHasThem) {
-    const shell::BrowserLayout l = shell::GetBrowserLayout();
-    EXPECT_EQ(l.first.top, 1740);
-    EXPECT_EQ(l.first.width, 8295);
-    EXPECT_EQ(l.second.width, 12735);
-    EXPECT_EQ(l.second.height, 5535);
-    EXPECT_FALSE(shell::IsDevelopmentRun());
-    EXPECT_TRUE(shell::ShowErrorDetail());
-    EXPECT_FALSE(shell::SafeSetFocus(nullptr));
-    EXPECT_EQ(shell::RegisterServerFile("", 1), 0);
-    EXPECT_EQ(shell::RegisterServerFile(dir.filePath("crystl32.ocx"), 1), 1);
-}
