@@ -2,6 +2,7 @@
 // word search; each beside the same work done straight on SQLite's C API.
 #include "platform/store/connection.h"
 #include "platform/store/recordset.h"
+#include "circular_titles.h"
 
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -38,17 +39,10 @@ struct Library {
         cn.Create(QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=%1;Uid=admin;Pwd=bergamot;").arg(path));
         cn.Execute(QStringLiteral("CREATE TABLE Keralafields (ID INTEGER PRIMARY KEY, "
                                   "CircularNumber TEXT COLLATE NOCASE, ActSection TEXT COLLATE NOCASE)"));
-        static const char* words[] = {"Clarification", "on", "input", "tax", "credit", "for", "works", "contract",
-                                      "dealers", "Exemption", "Kerala", "Value", "Added", "Tax", "Rules",
-                                      "Schedule", "rate", "of", "goods", "sale", "purchase", "return", "assessment",
-                                      "penalty", "interest", "Section", "registration", "turnover", "compounding"};
-        std::mt19937 rng(1982);
-        std::uniform_int_distribution<int> word(0, int(std::size(words)) - 1), length(6, 14), number(1, 99);
+        CircularTitles titles;
         cn.BeginTrans();
         for (int i = 0; i < kRows; ++i) {
-            QString name;
-            for (int w = length(rng); w > 0; --w) name += QString::fromUtf8(words[word(rng)]) + u' ';
-            const QString label = QStringLiteral("Cir. No. %1/%2").arg(number(rng)).arg(1990 + number(rng) % 20);
+            const auto [name, label] = titles.next();
             cn.Execute(QStringLiteral("INSERT INTO Keralafields (CircularNumber, ActSection) VALUES ('%1-%2', '%3')")
                            .arg(label, name.trimmed(), name.left(40)));
         }
