@@ -92,7 +92,7 @@ TEST_F(BillEntry, EnterWalksTheRowThroughTheRateListAndGrowsTheGrid) {
 TEST_F(BillEntry, DateColumnTakesOnlyTheDashShapeOnEnter) {
     const std::pair<const char*, bool> cases[] = {
         {"26-09-08", true}, {"01-01-2009", true}, {"ab-cd-ef", true},
-        {"1-1-2009", false}, {"6-9-08", false}, {"01/01/09", false}, {"", false},
+        {"1-1-2009", false}, {"6-9-08", false}, {"01/01/09", false}, {"26-09/08", false}, {"", false},
     };
     const QString purchase = "Date Format is not Valid \nPlease follow  'DD-MM-YY '\neg:  ' 26-09-08 ' ";
     const QString sales = "Date Format is not Valid \nPlease follow    'DD-MM-YY ' \neg:  ' 26-09-08 ' ";
