@@ -1,28 +1,19 @@
 // Bill entry on frmNormal, driven the way a user drives it: keys into the floating editors.
-#include "platform/forms/flex_grid.h"
 #include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
 #include "platform/forms/twips.h"
-#include "returns/frm_normal.h"
-#include "support/printers.h"
-#include "support/qt_app.h"
+#include "return_window.h"
 
-#include <QDir>
 #include <QTest>
-#include <gtest/gtest.h>
-#include <memory>
+#include <array>
 
 using returns::frmNormal;
 
 namespace {
 
-class BillEntry : public ::testing::Test {
+class BillEntry : public ReturnWindow {
 protected:
     void SetUp() override {
-        ensureApp();
-        w = std::make_unique<frmNormal>();
-        w->txtRPTo->setText("March");
-        w->show();
+        ReturnWindow::SetUp();
         w->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(w.get()));
         w->fg1->setRow(1);
@@ -51,13 +42,6 @@ protected:
         for (int i = 4; i < cells.size(); ++i) key(cells[i]);
     }
 
-    QStringList row(forms::FlexGrid* g, int r) {
-        QStringList out;
-        for (int c = 0; c < 10; ++c) out << g->TextMatrix(r, c);
-        return out;
-    }
-
-    std::unique_ptr<frmNormal> w;
     forms::MsgBoxRecorder boxes;
 };
 
@@ -84,7 +68,7 @@ TEST_F(BillEntry, EnterWalksTheRowThroughTheRateListAndGrowsTheGrid) {
         EXPECT_EQ(w->txtGrid1->selectedText(), w->txtGrid1->text()) << step;
         EXPECT_EQ(w->txtGrid1->isReadOnly(), after[step][1] == 9) << step;
     }
-    EXPECT_EQ(row(w->fg1, 1), (QStringList{"1", "26-09-08", "ABC Traders", "32010012345", "B-101", "    12.5",
+    EXPECT_EQ(rows(w->fg1)[0], (QStringList{"1", "26-09-08", "ABC Traders", "32010012345", "B-101", "    12.5",
                                            "1000.00", "125.00", "1.25", "1126.25"}));
     EXPECT_EQ(w->fg1->Rows(), 3);
     EXPECT_EQ(w->fg1->TextMatrix(2, 0), "2");
@@ -104,15 +88,11 @@ TEST_F(BillEntry, EnterWalksTheRowThroughTheRateListAndGrowsTheGrid) {
     EXPECT_EQ(w->fg1->Rows(), 3);
 }
 
-struct DateCase {
-    const char* typed;
-    bool accepted;
-};
-
+// Any text of the dash shape passes; the two sides say it in texts that differ only in spacing.
 TEST_F(BillEntry, DateColumnTakesOnlyTheDashShapeOnEnter) {
-    const DateCase cases[] = {
+    const std::pair<const char*, bool> cases[] = {
         {"26-09-08", true}, {"01-01-2009", true}, {"ab-cd-ef", true},
-        {"1-1-2009", false}, {"01/01/09", false}, {"", false},
+        {"1-1-2009", false}, {"6-9-08", false}, {"01/01/09", false}, {"26-09/08", false}, {"", false},
     };
     const QString purchase = "Date Format is not Valid \nPlease follow  'DD-MM-YY '\neg:  ' 26-09-08 ' ";
     const QString sales = "Date Format is not Valid \nPlease follow    'DD-MM-YY ' \neg:  ' 26-09-08 ' ";
@@ -122,13 +102,13 @@ TEST_F(BillEntry, DateColumnTakesOnlyTheDashShapeOnEnter) {
         g->setRow(1);
         g->setCol(2);
         g->setCol(1);
-        for (const auto& tc : cases) {
+        for (const auto& [typed, accepted] : cases) {
             const auto before = boxes.boxes().size();
-            key(tc.typed);
-            ASSERT_EQ(boxes.boxes().size(), before + (tc.accepted ? 0 : 1)) << tc.typed;
-            if (tc.accepted) {
-                EXPECT_EQ(g->TextMatrix(1, 1), tc.typed);
-                EXPECT_EQ(g->Col(), 2) << tc.typed;
+            key(typed);
+            ASSERT_EQ(boxes.boxes().size(), before + (accepted ? 0 : 1)) << typed;
+            if (accepted) {
+                EXPECT_EQ(g->TextMatrix(1, 1), typed);
+                EXPECT_EQ(g->Col(), 2) << typed;
                 g->setCol(1);
                 continue;
             }
@@ -136,9 +116,9 @@ TEST_F(BillEntry, DateColumnTakesOnlyTheDashShapeOnEnter) {
             EXPECT_EQ(box.text, salesSide ? sales : purchase);
             EXPECT_EQ(box.style, 48);
             EXPECT_EQ(box.title, "Plase Note.......!");
-            EXPECT_EQ(g->Col(), 1) << tc.typed;
-            EXPECT_EQ(editor->text(), "") << tc.typed;
-            EXPECT_EQ(g->TextMatrix(1, 1), tc.typed);   // stored before the test, until the cell is left
+            EXPECT_EQ(g->Col(), 1) << typed;
+            EXPECT_EQ(editor->text(), "") << typed;
+            EXPECT_EQ(g->TextMatrix(1, 1), typed);   // stored before the test, until the cell is left
         }
         g->setCol(2);
         EXPECT_EQ(g->TextMatrix(1, 1), "");
@@ -153,8 +133,8 @@ TEST_F(BillEntry, CtrlYTakesTheRowOutAndRenumbersButKeepsTheLastRow) {
     w->fg1->setRow(2);
     QTest::keyClick(w->txtGrid1, Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(w->fg1->Rows(), 4);
-    EXPECT_EQ(row(w->fg1, 2).mid(0, 3), (QStringList{"2", "01-03-09", "P3"}));
-    EXPECT_EQ(row(w->fg1, 3).mid(0, 3), (QStringList{"3", "", ""}));
+    EXPECT_EQ(rows(w->fg1)[1].mid(0, 3), (QStringList{"2", "01-03-09", "P3"}));
+    EXPECT_EQ(rows(w->fg1)[2].mid(0, 3), (QStringList{"3", "", ""}));
     EXPECT_EQ(w->txtGrid1->text(), w->fg1->Text());
     EXPECT_EQ(w->txtTotal->text(), "200.00");
     EXPECT_EQ(w->Label12->text(), "200.00");
@@ -165,17 +145,13 @@ TEST_F(BillEntry, CtrlYTakesTheRowOutAndRenumbersButKeepsTheLastRow) {
         QTest::keyClick(w->txtGrid1, Qt::Key_Y, Qt::ControlModifier);
     }
     EXPECT_EQ(w->fg1->Rows(), 2);
-    EXPECT_EQ(row(w->fg1, 1), (QStringList{"1", "", "", "", "", "", "", "", "", ""}));
+    EXPECT_EQ(rows(w->fg1)[0], (QStringList{"1", "", "", "", "", "", "", "", "", ""}));
     EXPECT_EQ(w->fg1->TextMatrix(0, 5), "Rate of \nTax %");
     EXPECT_EQ(w->txtTotal->text(), "0.00");
 }
 
 TEST_F(BillEntry, CtrlDFillsTheFirstOfTheMonthWithTheFixedYear) {
-    struct {
-        const char* month;
-        int col;
-        const char* box;
-    } cases[] = {
+    struct { const char* month; int col; const char* box; } cases[] = {
         {"March", 1, "01-03-09"}, {" december ", 1, "01-12-09"}, {"Sept", 1, ""}, {"", 1, ""}, {"March", 2, "x"},
     };
     for (const auto& tc : cases) {
@@ -191,11 +167,7 @@ TEST_F(BillEntry, CtrlDFillsTheFirstOfTheMonthWithTheFixedYear) {
 
 TEST_F(BillEntry, ArrowsStopAtTheEdgesAndNeverGrowTheGrid) {
     bill({"01-03-09", "P", "", "", "1", "", "", ""}, 0);   // rows 1 and 2
-    struct {
-        int row, col;
-        Qt::Key key;
-        int rowAfter, colAfter;
-    } cases[] = {
+    struct { int row, col; Qt::Key key; int rowAfter, colAfter; } cases[] = {
         {1, 3, Qt::Key_Up, 1, 3},      {2, 3, Qt::Key_Up, 1, 3},     {2, 3, Qt::Key_Down, 2, 3},
         {1, 3, Qt::Key_Down, 2, 3},    {1, 1, Qt::Key_Left, 1, 1},   {1, 4, Qt::Key_Left, 1, 3},
         {1, 9, Qt::Key_Right, 1, 9},   {1, 4, Qt::Key_Right, 1, 5},  {2, 4, Qt::Key_PageUp, 1, 4},
@@ -225,18 +197,14 @@ TEST_F(BillEntry, ArrowsStopAtTheEdgesAndNeverGrowTheGrid) {
 }
 
 TEST_F(BillEntry, AmountsAreStoredLenientlyAndTheTotalFollows) {
-    struct {
-        const char* amount;
-        const char* stored;
-        const char* total;
-    } cases[] = {{"abc", "0.00", "0.00"}, {"12abc", "12.00", "12.00"}, {"-5", "-5.00", "-5.00"}};
-    for (const auto& tc : cases) {
+    // The row has no tax, so its total is the amount as stored.
+    for (auto [amount, stored] : {std::pair{"abc", "0.00"}, {"12abc", "12.00"}, {"-5", "-5.00"}}) {
         w->fg1->setRow(1);
         w->fg1->setCol(5);
         w->fg1->setCol(6);
-        key(tc.amount);
-        EXPECT_EQ(w->fg1->TextMatrix(1, 6), tc.stored) << tc.amount;
-        EXPECT_EQ(w->fg1->TextMatrix(1, 9), tc.total) << tc.amount;
+        key(amount);
+        EXPECT_EQ(w->fg1->TextMatrix(1, 6), stored) << amount;
+        EXPECT_EQ(w->fg1->TextMatrix(1, 9), stored) << amount;
     }
     // Left by the mouse, the amount is stored but joins column 9 only at the next move in the row.
     w->fg1->setCol(6);
@@ -250,18 +218,11 @@ TEST_F(BillEntry, AmountsAreStoredLenientlyAndTheTotalFollows) {
     EXPECT_EQ(w->fg1->TextMatrix(1, 9), "500.00");
 }
 
-struct TotalsRow {
-    const char* rate;
-    const char* amount;
-    const char* tax;
-    const char* cess;
-};
-
 // One pass over a grid filled cell by cell; the expected figures are the band labels in table order.
 TEST_F(BillEntry, BandsTakeOnlyTheirExactRateAndTheGrandTotalTakesEveryRow) {
     struct {
         bool sales;
-        std::vector<TotalsRow> rows;
+        std::vector<std::array<const char*, 4>> bills;   // rate, amount, tax, cess
         const char* grand;
         std::vector<const char*> amounts;   // first band to last
         std::vector<const char*> taxes;
@@ -282,13 +243,10 @@ TEST_F(BillEntry, BandsTakeOnlyTheirExactRateAndTheGrandTotalTakesEveryRow) {
     for (const auto& tc : cases) {
         frmNormal f;
         forms::FlexGrid* g = tc.sales ? f.fg2 : f.fg1;
-        g->setRows(int(tc.rows.size()) + 2);                 // and a trailing empty row
-        for (std::size_t i = 0; i < tc.rows.size(); ++i) {
+        g->setRows(int(tc.bills.size()) + 2);                 // and a trailing empty row
+        for (std::size_t i = 0; i < tc.bills.size(); ++i) {
             const int r = int(i) + 1;
-            g->setTextMatrix(r, 5, tc.rows[i].rate);
-            g->setTextMatrix(r, 6, tc.rows[i].amount);
-            g->setTextMatrix(r, 7, tc.rows[i].tax);
-            g->setTextMatrix(r, 8, tc.rows[i].cess);
+            for (int c = 0; c < 4; ++c) g->setTextMatrix(r, c + 5, tc.bills[i][c]);
             g->setRow(r);
             g->setCol(8);
             g->setCol(9);                                     // the row total is written on entering
@@ -308,27 +266,20 @@ TEST_F(BillEntry, BandsTakeOnlyTheirExactRateAndTheGrandTotalTakesEveryRow) {
     }
 }
 
+// The window as the README shows it.
 TEST_F(BillEntry, WindowWithThreeBills) {
     w->txtMonth->setText("March");
     bill({"02-03-09", "Malabar Agencies", "32070123456", "1021", "25000", "1000", "10", ""}, 2);
     bill({"11-03-09", "Cochin Traders", "32080765432", "B-77", "8000", "1000", "10", ""}, 3);
     bill({"20-03-09", "Kollam Stores", "32090111222", "553", "1200", "0", "", ""}, 0);
     EXPECT_EQ(w->txtTotal->text(), "36220.00");
-    EXPECT_EQ(w->Label14->text(), "25000.00");
-    EXPECT_EQ(w->Label15->text(), "8000.00");
-    EXPECT_EQ(w->Label12->text(), "1200.00");
     w->fg2->setRow(1);
     w->fg2->setCol(2);
     w->fg2->setCol(1);
     bill({"05-03-09", "Thrissur Bakers", "32050999888", "S-12", "15000", "600", "", ""}, 2);
     bill({"18-03-09", "Madras Metals", "33010555444", "S-13", "4000", "160", "", ""}, 5);
-    EXPECT_EQ(w->Label21->text(), "15000.00");
-    EXPECT_EQ(w->Label35->text(), "4000.00");
     EXPECT_EQ(w->txtTotal2->text(), "19760.00");
-    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
-                                                                     : QDir::tempPath();
-    QDir().mkpath(dir);
-    EXPECT_TRUE(w->grab().save(dir + "/frmNormal.png"));
+    EXPECT_TRUE(w->grab().save(screen("frmNormal.png")));
 }
 
 }  // namespace

@@ -108,23 +108,15 @@ TEST_F(Export, BoxesOfEachBranch) {
 // Totals lines add the two sums after rounding each; band lines add the raw figures.
 TEST_F(Export, FiguresAreRoundedAsTheBoxesWant) {
     basic::Clock::set(QDate(2008, 3, 15));
-    struct Case {
-        const char* name;
-        const char* amount0;
-        const char* tax0;
-        const char* expected;   // C1_14, C1_16, C1_54, C1_56, C3_36
-    } cases[] = {
-        {"blank labels", "", "", "0.00|0.00|0.00|0.00|0.00"},
-        {"third decimals", "1.006", "1.006", "1.01|2.01|1.01|2.02|2.02"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    // Blank labels, and third decimals in the 0 % band's amount and tax; C1_14, C1_16, C1_54, C1_56, C3_36.
+    for (auto [figure, expected] : {std::pair{"", "0.00|0.00|0.00|0.00|0.00"}, {"1.006", "1.01|2.01|1.01|2.02|2.02"}}) {
+        SCOPED_TRACE(figure);
         clearPages();
         blankPurchaseLabels();
-        w->Label12->setText(c.amount0);
-        w->Label16->setText(c.tax0);
+        w->Label12->setText(figure);
+        w->Label16->setText(figure);
         exportNow();
-        EXPECT_EQ(column("SELECT C1_14, C1_16, C1_54, C1_56, C3_36 FROM tblMPage3"), QStringList{c.expected});
+        EXPECT_EQ(column("SELECT C1_14, C1_16, C1_54, C1_56, C3_36 FROM tblMPage3"), QStringList{expected});
     }
 }
 

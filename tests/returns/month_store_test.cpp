@@ -1,101 +1,25 @@
 // Saving a month: Add, Delete and the month list of frmNormal, with the store read back and the boxes
 // the user sees.
-#include "platform/basic/app_path.h"
-#include "platform/basic/clock.h"
-#include "platform/forms/flex_grid.h"
 #include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
-#include "platform/store/recordset.h"
-#include "returns/frm_normal.h"
-#include "returns/module2.h"
-#include "support/printers.h"
-#include "support/qt_app.h"
+#include "return_window.h"
 
-#include <QDir>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
-#include <gtest/gtest.h>
-#include <memory>
 
 using forms::RecordedBox;
-using returns::frmNormal;
 
 namespace {
 
-using Bills = std::vector<QStringList>;
-
-class MonthStore : public ::testing::Test {
+class MonthStore : public ReturnWindow {
 protected:
-    void SetUp() override {
-        ensureApp();
-        ASSERT_TRUE(folder.isValid());
-        basic::SetAppPath(folder.path());
-        basic::Clock::set(QDate(2026, 3, 15));
-        open();
-    }
-    void TearDown() override {
-        w.reset();
-        returns::ReleaseReturnStores();
-        returns::rsLookup = returns::rsBills = returns::rsReport = store::Recordset::nothing();
-        basic::Clock::reset();
-    }
-    // The window as the chooser opens it: loaded, shown, activated.
-    void open() {
-        w = std::make_unique<frmNormal>();
-        forms::MsgBoxRecorder quiet;
-        w->Show();
-    }
     // Closing the program and starting it again.
     void restart() {
         w.reset();
         returns::ReleaseReturnStores();
-        open();
+        w = std::make_unique<returns::frmNormal>();
+        forms::MsgBoxRecorder quiet;
+        w->Show();
     }
-    static void put(forms::FlexGrid* g, const Bills& bills) {
-        g->setRows(int(bills.size()) + 1);
-        for (int r = 0; r < int(bills.size()); ++r) {
-            g->setTextMatrix(r + 1, 0, QString::number(r + 1));
-            for (int c = 0; c < 9; ++c) g->setTextMatrix(r + 1, c + 1, bills[r].value(c));
-        }
-        g->setRow(1);
-    }
-    static Bills rows(forms::FlexGrid* g) {
-        Bills out;
-        for (int r = 1; r < g->Rows(); ++r) {
-            QStringList cells;
-            for (int c = 0; c < 10; ++c) cells << g->TextMatrix(r, c);
-            out.push_back(cells);
-        }
-        return out;
-    }
-    QStringList column(const QString& sql) {
-        returns::ConnectReturnStore();
-        store::Recordset rs;
-        rs.Open(sql, returns::cnReturn);
-        QStringList out;
-        for (; !rs.Eof(); rs.MoveNext()) {
-            QStringList fields;
-            for (int f = 0; f < rs.FieldCount(); ++f) {
-                const basic::Variant v = rs.Fields(f).Value();
-                fields << (v.isNull() ? QStringLiteral("null") : basic::CStr(v));
-            }
-            out << fields.join('|');
-        }
-        return out;
-    }
-    void exec(const QString& sql) {
-        returns::ConnectReturnStore();
-        returns::cnReturn.Execute(sql);
-    }
-    std::vector<RecordedBox> add(std::initializer_list<int> answers = {}) {
-        forms::MsgBoxRecorder boxes(answers);
-        w->cmdAdd_Click();
-        return boxes.boxes();
-    }
-
-    QTemporaryDir folder;
-    std::unique_ptr<frmNormal> w;
 };
 
 const RecordedBox kAdded{"RECORD ADDED  SUCCESSFULLY", 64, "Success...........!"};
@@ -108,8 +32,6 @@ TEST_F(MonthStore, AddedMonthComesBackAfterRestart) {
                  {"11-03-26", "Gamma", "", "G-3", "      4", "500.5", "20.02", "", "520.52"}});
     put(w->fg2, {{"05-03-26", "Cash", "", "S-1", "     20  ", "300", "60", "4.5", "364.50"}});
     w->txtPlace->setText(" Kochi ");
-    w->procTotalCal1();
-    w->procTotalCal2();
     EXPECT_EQ(add(), std::vector<RecordedBox>{kAdded});
 
     restart();
@@ -123,10 +45,7 @@ TEST_F(MonthStore, AddedMonthComesBackAfterRestart) {
     EXPECT_EQ(rows(w->fg2).at(0).mid(1, 5), (QStringList{"05-03-26", "Cash", "", "S-1", "     20  "}));
     EXPECT_EQ(w->txtPlace->text(), "Kochi");
     EXPECT_EQ(w->Label14->text(), "1500.50");
-    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
-                                                                     : QDir::tempPath();
-    QDir().mkpath(dir);
-    EXPECT_TRUE(w->grab().save(dir + "/frmNormal-reloaded.png"));
+    EXPECT_TRUE(w->grab().save(screen("frmNormal-reloaded.png")));
 
     // The summary row, read outside the program. RT12 adds the sales cess at 20 % (4.5), not the
     // purchase cess at 12.5 % (2); figures are two-decimal texts, RT* plain numbers.
@@ -139,29 +58,52 @@ TEST_F(MonthStore, AddedMonthComesBackAfterRestart) {
               "March|1500.5|60.02|2.0|4.5|1788.52|Kochi|15-03-26|1561.52|229.5|0.0");
 }
 
-// Add writes the kind that List4 shows and the sales, and leaves the other kind's table alone.
-TEST_F(MonthStore, AddWritesTheShownPurchaseKindOnly) {
+// Add writes the kind that List4 shows and the sales, leaves the other kind's table alone, and stages
+// the month for the registers: bills in date order, the summary, and a bare key for the other kind.
+TEST_F(MonthStore, AddWritesAndStagesTheShownPurchaseKindOnly) {
     struct Case {
         int kind;
         const char* written;
         const char* untouched;
-    } cases[] = {{0, "tblPurchase1", "tblPurchaseInterState1"}, {1, "tblPurchaseInterState1", "tblPurchase1"}};
+        const char* staged;
+        const char* summary;
+        const char* bare;
+    } cases[] = {{0, "tblPurchase1", "tblPurchaseInterState1", "tblRptPurchase1", "tblRptPurchaseC", "tblRptPurchaseInterStateC"},
+                 {1, "tblPurchaseInterState1", "tblPurchase1", "tblRptPurchaseInterState", "tblRptPurchaseInterStateC", "tblRptPurchaseC"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.written);
-        exec("DELETE FROM tblPurchase1");
-        exec("DELETE FROM tblPurchaseInterState1");
-        exec("DELETE FROM tblSales");
+        for (const char* table : {"tblPurchase1", "tblPurchaseInterState1", "tblSales"}) exec(QString("DELETE FROM ") + table);
         exec(QString("INSERT INTO %1 (cCode, cMonth, Party) VALUES ('', 'March', 'Kept')").arg(c.untouched));
         exec("INSERT INTO tblSales (cCode, cMonth, Party) VALUES ('', 'March', 'Old sale')");
         w->List4->setListIndex(c.kind);
-        put(w->fg1, {{"01-03-26", "New purchase", "", "", "      1", "10", "0.1", "", "10.10"}});
-        put(w->fg2, {{"02-03-26", "New sale", "", "", "      1", "20", "0.2", "", "20.20"}});
+        put(w->fg1, {{"20-03-26", "Beta Traders", "32071", "B-7", "    12.5", "200", "25", "2", "227.00"},
+                     {"02-03-26", "Alpha Stores", "32070", "A-1", "      4", "1000", "40", "1", "1041.00"}});
+        put(w->fg2, {{"06-03-26", "Export Co", "", "S-2", "CST", "100", "2", "", "102.00"},
+                     {"05-03-26", "Cash", "", "S-1", "     20  ", "300", "60", "4.5", "364.50"}});
+        w->txtPlace->setText(" Kochi ");
         EXPECT_EQ(add(), std::vector<RecordedBox>{kAdded});
-        EXPECT_EQ(column(QString("SELECT Party FROM %1").arg(c.written)), QStringList{"New purchase"});
+        EXPECT_EQ(column(QString("SELECT Party FROM %1").arg(c.written)), (QStringList{"Beta Traders", "Alpha Stores"}));
         EXPECT_EQ(column(QString("SELECT Party FROM %1").arg(c.untouched)), QStringList{"Kept"});
-        EXPECT_EQ(column("SELECT Party FROM tblSales"), QStringList{"New sale"});
-        EXPECT_EQ(column("SELECT PTA1 FROM tblCommon"), QStringList{"10"});
+        EXPECT_EQ(column("SELECT Party FROM tblSales"), (QStringList{"Export Co", "Cash"}));
+        EXPECT_EQ(column("SELECT PTA4 FROM tblCommon"), QStringList{"1000"});
+
+        EXPECT_EQ(column(QString("SELECT SlNo, BillDate, Party, RateOfTax, Amount, Cess, NetAmount, cMonth, Place "
+                                 "FROM %1").arg(c.staged)),
+                  (QStringList{"1|02-03-26|Alpha Stores|      4|1000|1|1041|March|Kochi",
+                               "2|20-03-26|Beta Traders|    12.5|200|2|227|March|Kochi"}));
+        EXPECT_EQ(column(QString("SELECT cMonth, PTA4, PTT4, PTC4, PRT4, PRT12, PRT0, PCTAmt, PCTTax, PCTCess, "
+                                 "PCTTotal, Place, eDate FROM %1").arg(c.summary)),
+                  QStringList{"March|1000|40|1|1041|227|0|1200|65|3|1268|Kochi|15-03-26"});
+        EXPECT_EQ(column(QString("SELECT cCode, cMonth, cAddress, PTA4, PRT4, PCTTotal, Place FROM %1").arg(c.bare)),
+                  QStringList{"|March||null|null|null|null"});
+        EXPECT_EQ(column("SELECT SRT20, SRTCST, SRT4, SCTAmt, SCTTax, SCTCess, SCTTotal, Place FROM tblRptSales"),
+                  QStringList{"364.5|102|0|400|62|4.5|466.5|Kochi"});
+        EXPECT_EQ(column("SELECT Party, BillDate FROM tblRptSales1"), (QStringList{"Cash|05-03-26", "Export Co|06-03-26"}));
     }
+    // A summary routine that finds no key row writes nothing and says nothing.
+    returns::ClearTable("tblRptSales");
+    EXPECT_TRUE(press([&] { w->procLoadRptSalesC(); }).empty());
+    EXPECT_EQ(column("SELECT count(*) FROM tblRptSales"), QStringList{"0"});
 }
 
 // Delete asks per kind; a kind with nothing stored gets its own box, and No keeps what was typed.
@@ -271,12 +213,7 @@ TEST_F(MonthStore, SavingDropsBlankRows) {
 TEST_F(MonthStore, FailingAddStoresNothingAndKeepsTheGrid) {
     put(w->fg1, {{"01-03-26", "Stored before", "", "", "      0", "10", "0", "", "10.00"}});
     add();
-    struct Case {
-        const char* name;
-        Bills purchases;
-        QString place;
-        QString says;
-    } cases[] = {
+    struct Case { const char* name; Bills purchases; QString place; QString says; } cases[] = {
         {"date that is no date",
          {{"01-03-26", "New", "", "", "      0", "5", "", "", "5.00"},
           {"3x-0q-26", "Bad date", "", "", "      0", "6", "", "", "6.00"}},

@@ -5,7 +5,6 @@
 #include "platform/reports/preview_window.h"
 #include "return_window.h"
 
-#include <QDir>
 #include <QImage>
 #include <QPdfDocument>
 #include <QProcess>
@@ -18,9 +17,7 @@ class Registers : public ReturnWindow {
 protected:
     // Where the PDFs go: docs/screens when the screens are asked for, else the test's folder.
     QString out(const QString& name) {
-        if (!qEnvironmentVariableIsSet("VORLAN_SCREENS")) return folder.filePath(name);
-        QDir().mkpath(VORLAN_SOURCE_DIR "/docs/screens");
-        return QStringLiteral(VORLAN_SOURCE_DIR "/docs/screens/") + name;
+        return qEnvironmentVariableIsSet("VORLAN_SCREENS") ? screen(name) : folder.filePath(name);
     }
     static QString pdfText(const QString& pdf) {
         QProcess p;
@@ -85,13 +82,13 @@ TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
             if (found >= 0) at = found + line.size();
         }
     };
-    press([&] { w->cmdAdd_Click(); });
+    add();
     w->txtRPTo->setText("April");   // the registers print what was staged, not what the window shows
     for (const Case& c : local) check(c);
     w->txtRPTo->setText("March");
     w->List4->setListIndex(1);
     put(w->fg1, {{"09-03-26", "Bangalore Mills", "29001", "K-41", "      4", "800", "32", "", "832.00"}});
-    press([&] { w->cmdAdd_Click(); });
+    add();
     for (const Case& c : interState) check(c);
     if (qEnvironmentVariableIsSet("VORLAN_SCREENS")) {
         QPdfDocument doc;

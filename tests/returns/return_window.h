@@ -12,10 +12,19 @@
 #include "support/printers.h"
 #include "support/qt_app.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
+
+// Screens for the README go to docs/screens when asked for, else nowhere that stays.
+inline QString screen(const QString& name) {
+    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
+                                                                     : QDir::tempPath();
+    QDir().mkpath(dir);
+    return dir + "/" + name;
+}
 
 class ReturnWindow : public ::testing::Test {
 protected:
@@ -48,6 +57,15 @@ protected:
         w->procTotalCal1();
         w->procTotalCal2();
     }
+    // The grid's bill rows, each with its ten cells.
+    static Bills rows(forms::FlexGrid* g) {
+        Bills out;
+        for (int r = 1; r < g->Rows(); ++r) {
+            out.emplace_back();
+            for (int c = 0; c < 10; ++c) out.back() << g->TextMatrix(r, c);
+        }
+        return out;
+    }
     // Each row of the statement as its fields joined by "|", NULL as "null".
     QStringList column(const QString& sql) {
         returns::ConnectReturnStore();
@@ -74,6 +92,7 @@ protected:
         pressed();
         return boxes.boxes();
     }
+    std::vector<forms::RecordedBox> add() { return press([&] { w->cmdAdd_Click(); }); }
 
     QTemporaryDir folder;
     std::unique_ptr<returns::frmNormal> w;

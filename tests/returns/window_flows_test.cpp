@@ -1,23 +1,10 @@
 // The chooser and the return window between each other, the purchase-kind list, and the summary
 // statement as the store receives it.
-#include "platform/basic/app_path.h"
-#include "platform/basic/clock.h"
-#include "platform/forms/flex_grid.h"
 #include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
-#include "platform/store/recordset.h"
-#include "returns/frm_normal.h"
+#include "return_window.h"
 #include "returns/frm_select.h"
-#include "returns/module2.h"
-#include "support/printers.h"
-#include "support/qt_app.h"
-
-#include <QDir>
-#include <QTemporaryDir>
-#include <QTest>
-#include <gtest/gtest.h>
 
 using namespace returns;
 
@@ -37,6 +24,8 @@ protected:
         forms::define("main", [] { return new QWidget; });
     }
     void TearDown() override {
+        DealerName.clear();
+        DirectToForm = false;
         forms::reset();
         ReleaseReturnStores();
         rsLookup = rsBills = rsReport = store::Recordset::nothing();
@@ -55,10 +44,7 @@ TEST_F(WindowFlows, ChooserOpensAndTakesBackTheReturnWindow) {
     select->Show();
     EXPECT_EQ(select->pos(), QPoint(forms::twips(4000), forms::twips(2500)));
     EXPECT_EQ(select->size(), QSize(forms::twips(7000), forms::twips(4000)));
-    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
-                                                                     : QDir::tempPath();
-    QDir().mkpath(dir);
-    EXPECT_TRUE(select->grab().save(dir + "/frmSelect.png"));
+    EXPECT_TRUE(select->grab().save(screen("frmSelect.png")));
 
     // Enter opens the return window and leaves the chooser behind it; a double click hides the chooser.
     select->Option1_KeyPress(13);
@@ -88,11 +74,9 @@ TEST_F(WindowFlows, ChooserOpensAndTakesBackTheReturnWindow) {
     EXPECT_FALSE(normal->isVisible());
     EXPECT_TRUE(forms::get("main")->isVisible());
     EXPECT_TRUE(boxes.boxes().empty());
-}
 
-TEST_F(WindowFlows, DirectToFormGetsTheDealerAndTheYear) {
+    // The third option hands its window the dealer and the year, and stays behind it.
     DealerName = "Kerala Traders";
-    auto* select = forms::get<frmSelect>("frmSelect");
     select->Show();
     select->Option3_DblClick();
     auto* target = forms::get<frmDirectToForm>("frmDirectToForm");
@@ -102,8 +86,6 @@ TEST_F(WindowFlows, DirectToFormGetsTheDealerAndTheYear) {
     EXPECT_EQ(target->txtYear->text(), "2026");
     EXPECT_EQ(ReturnYearKey, "2026");
     EXPECT_TRUE(DirectToForm);
-    DealerName.clear();
-    DirectToForm = false;
 }
 
 // List4 chooses the table fg1 stands for and the padding of the purchase rates.
