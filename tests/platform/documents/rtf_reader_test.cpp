@@ -4,19 +4,14 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QTextFragment>
 #include <QTextFrame>
 #include <QTextTable>
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace documents {
-namespace {
 
 QString read(const QByteArray& rtf) {
     QTextDocument document;
@@ -166,23 +161,13 @@ TEST(RtfFixtures, ReadBackAsWritten) {
                       " always check the latest one.")));
 }
 
-// Every prefix of a real file, random byte flips and hostile shapes: no crash, each within a bound.
+// Every prefix of a real file and hostile shapes: no crash, each within a bound.
 TEST(RtfRobustness, HostileInputEndsQuickly) {
     const QByteArray source = fixture("input_tax_credit.rtf");
     QElapsedTimer timer;
     timer.start();
     for (qsizetype cut = 0; cut <= source.size(); ++cut) read(source.left(cut));
     EXPECT_LT(timer.elapsed(), 5000) << "all prefixes";
-
-    QRandomGenerator random(20081);
-    timer.restart();
-    for (int round = 0; round < 2000; ++round) {
-        QByteArray bytes = source;
-        for (int flip = 0; flip < 8; ++flip)
-            bytes[random.bounded(int(bytes.size()))] = char(random.bounded(256));
-        read(bytes);
-    }
-    EXPECT_LT(timer.elapsed(), 10000) << "random flips";
 
     const QByteArray hostile[] = {
         "{\\rtf1 " + QByteArray(10000, '{') + "deep" + QByteArray(10000, '}') + " shallow}",
@@ -205,28 +190,4 @@ TEST(RtfRobustness, HostileInputEndsQuickly) {
     EXPECT_EQ(read(hostile[6]), QLatin1String("abc"));
 }
 
-// A document of 1 MB, in the shape of a long circular, read the fastest of three times: the machine is shared.
-TEST(RtfSpeed, OneMegabyteReadsFast) {
-    QByteArray rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0 Arial;}}\\fs22 ";
-    int paragraphs = 0;
-    while (rtf.size() < 1024 * 1024)
-        rtf += "{\\pard\\sa120\\fi-360\\li360 " + QByteArray::number(++paragraphs) +
-               ".\\tab A dealer whose {\\b turnover} exceeds the {\\i limit} shall register under section 15"
-               " and file a return in Form 10 by the 15th of the next month (caf\\'e9 \\u8364?).\\par}\n";
-    rtf += "}";
-    QTextDocument document;
-    qint64 ms = std::numeric_limits<qint64>::max();
-    for (int run = 0; run < 3; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        readRtf(rtf, document);
-        ms = std::min(ms, timer.elapsed());
-    }
-    std::printf("[ figure ] %lld bytes of RTF, %d paragraphs read in %lld ms\n", static_cast<long long>(rtf.size()),
-                paragraphs, static_cast<long long>(ms));
-    EXPECT_EQ(document.blockCount(), paragraphs);
-    EXPECT_LT(ms, 300);  // about 40 ms on a quiet machine, 130 ms on a busy one; a slip to quadratic time is seconds
-}
-
-}  // namespace
 }  // namespace documents
