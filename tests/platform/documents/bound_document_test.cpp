@@ -16,7 +16,6 @@
 #include <gtest/gtest.h>
 
 namespace documents {
-namespace {
 
 class BoundDocument : public ::testing::Test {
 protected:
@@ -102,17 +101,4 @@ TEST_F(BoundDocument, OpenVerbShowsTheDocumentInFull) {
     EXPECT_FALSE(viewer->isVisible()) << "an empty container has nothing to open";
 }
 
-TEST_F(BoundDocument, ClickOnTheDocumentIsTheContainersClick) {
-    lookUp("default", true);
-    OLE1.resize(400, 300);
-    OLE1.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&OLE1));
-    int clicks = 0;
-    QObject::connect(&OLE1, &OleContainer::Click, [&] { ++clicks; });
-    QTest::mouseClick(OLE1.textBrowser()->viewport(), Qt::LeftButton, {}, QPoint(50, 50));
-    QTest::mouseClick(OLE1.textBrowser()->viewport(), Qt::RightButton, {}, QPoint(50, 50));
-    EXPECT_EQ(clicks, 1);
-}
-
-}  // namespace
 }  // namespace documents

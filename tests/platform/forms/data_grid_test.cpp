@@ -6,7 +6,6 @@
 
 #include "platform/basic/runtime_error.h"
 #include "platform/store/connection.h"
-#include "support/qt_app.h"
 
 using basic::Variant;
 
@@ -33,7 +32,6 @@ int errorOf(const std::function<void()>& f) { return basic::resume(f).number(); 
 }  // namespace
 
 TEST(DataGrid, CurrentRowAndBookmarksFollowTheFilter) {
-    ensureApp();
     Numbers n;
     forms::DataGrid grid;
     grid.setDataSource(n.rs);
@@ -68,7 +66,6 @@ TEST(DataGrid, CurrentRowAndBookmarksFollowTheFilter) {
 }
 
 TEST(DataGrid, ColumnsKeepTheirSettingsUntilRebound) {
-    ensureApp();
     Numbers n;
     forms::DataGrid grid;
     grid.setDataSource(n.rs);

@@ -3,7 +3,6 @@
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/twips.h"
 #include "support/printers.h"
-#include "support/qt_app.h"
 
 #include <QTest>
 #include <functional>
@@ -12,11 +11,7 @@
 namespace {
 
 // A grid shaped as the bill grids are: ten columns, one fixed row and column, a few hundred rows.
-struct AppFirst {
-    AppFirst() { ensureApp(); }
-};
-
-struct Grid : AppFirst {
+struct Grid {
     forms::FlexGrid g;
     QStringList events;
     Grid(int rows = 300) {

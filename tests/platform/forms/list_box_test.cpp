@@ -37,7 +37,7 @@ protected:
     QStringList clicks;
 };
 
-TEST_F(ListBoxChoice, ItemsKeepTheirDataWhereverTheyAreInserted) {
+TEST_F(ListBoxChoice, ItemsKeepTheirDataWhereverInsertedAndIndicesOutsideRaise) {
     EXPECT_EQ(list.ListCount(), 3);
     EXPECT_EQ(list.NewIndex(), 0);
     EXPECT_EQ(list.List(0), QStringLiteral("Section 0"));
@@ -46,6 +46,11 @@ TEST_F(ListBoxChoice, ItemsKeepTheirDataWhereverTheyAreInserted) {
     EXPECT_EQ(list.ListIndex(), -1);
     EXPECT_EQ(list.Text(), QString());
     EXPECT_TRUE(clicks.isEmpty());
+    const std::vector<std::pair<std::function<void()>, int>> outside{
+        {[&] { list.List(3); }, 381}, {[&] { list.ItemData(-1); }, 381}, {[&] { list.setListIndex(3); }, 380},
+        {[&] { list.AddItem("x", 5); }, 381}};
+    for (const auto& [touch, number] : outside) EXPECT_EQ(basic::resume(touch).number(), number);
+    EXPECT_EQ(list.ListCount(), 3);
     list.Clear();
     EXPECT_EQ(list.ListCount(), 0);
     EXPECT_EQ(list.NewIndex(), -1);
@@ -71,14 +76,6 @@ TEST_F(ListBoxChoice, FocusAloneChoosesNothing) {
     QApplication::processEvents();
     EXPECT_EQ(list.ListIndex(), -1);
     EXPECT_TRUE(clicks.isEmpty());
-}
-
-TEST_F(ListBoxChoice, IndicesOutsideTheListRaiseErrors) {
-    const std::vector<std::pair<std::function<void()>, int>> cases{
-        {[&] { list.List(3); }, 381}, {[&] { list.ItemData(-1); }, 381}, {[&] { list.setListIndex(3); }, 380},
-        {[&] { list.AddItem("x", 5); }, 381}};
-    for (const auto& [touch, number] : cases) EXPECT_EQ(basic::resume(touch).number(), number);
-    EXPECT_EQ(list.ListCount(), 3);
 }
 
 }  // namespace

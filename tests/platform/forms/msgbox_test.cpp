@@ -34,18 +34,6 @@ TEST(MsgBoxRecorder, RecordsBoxesAndAnswersFromItsQueueInOrder) {
                                                           {"You  Cancelled  Shut Down", 48, " Sorry....."}}));
 }
 
-TEST(MsgBoxRecorder, InnerRecorderTakesTheBoxesUntilItEnds) {
-    MsgBoxRecorder outer;
-    {
-        MsgBoxRecorder inner{forms::vbCancel};
-        EXPECT_EQ(MsgBox("inner", forms::vbOKCancel), forms::vbCancel);
-        EXPECT_EQ(inner.boxes().size(), 1u);
-    }
-    MsgBox("outer");
-    ASSERT_EQ(outer.boxes().size(), 1u);
-    EXPECT_EQ(outer.boxes()[0].text, QStringLiteral("outer"));
-}
-
 TEST(MsgBox, FirstButtonAnswerOfEachButtonSet) {
     const std::vector<std::pair<int, int>> cases{
         {forms::vbOKOnly + forms::vbInformation, forms::vbOK}, {forms::vbOKCancel, forms::vbOK},

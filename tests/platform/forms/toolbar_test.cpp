@@ -46,15 +46,13 @@ TEST_F(ToolbarClicks, PressGivesTheButtonsKeyUnlessDisabledOrHidden) {
     EXPECT_EQ(events, (QStringList{"bac", "Act", "rul"}));
 }
 
-TEST_F(ToolbarClicks, DropDownEntryGivesButtonAndEntryKeys) {
+// A drop-down entry gives the button's key and the entry's.
+TEST_F(ToolbarClicks, ButtonsAndEntriesByKeyAndIndexAndTheirErrors) {
     auto menus = toolbar.Buttons("rul").ButtonMenus();
     EXPECT_EQ(menus.Count(), 2);
     EXPECT_EQ(menus("BP")->text(), QStringLiteral("Bank Payment"));
     menus("BP")->trigger();
     EXPECT_EQ(events, QStringList{"rul/BP"});
-}
-
-TEST_F(ToolbarClicks, ButtonsByKeyAndIndexAndTheirErrors) {
     EXPECT_EQ(toolbar.Buttons(3).Key(), QStringLiteral("bac"));
     EXPECT_EQ(toolbar.Buttons("bac").ToolTipText(), QStringLiteral("Back to Main Menu"));
     const std::vector<std::pair<std::function<void()>, int>> cases{

@@ -36,41 +36,30 @@ protected:
     QStringList events;
 };
 
-struct ClickCase {
-    const char* key;
-    bool doubleClick;
-};
-
-class TreeViewMouse : public TreeViewClicks, public testing::WithParamInterface<ClickCase> {};
-
 // Through the window system, so that a double click arrives as a user's does: press, release, press,
 // double click, release. A double click is one click and one double click: no second Click on its release.
-TEST_P(TreeViewMouse, GivesTheEventsWithTheNodeSelected) {
-    const QString key = QString::fromUtf8(GetParam().key);
-    const QPoint pos = tree.viewport()->mapTo(&tree, at(key));
-    if (GetParam().doubleClick)
-        QTest::mouseDClick(tree.windowHandle(), Qt::LeftButton, {}, pos);
-    else
-        QTest::mouseClick(tree.windowHandle(), Qt::LeftButton, {}, pos);
-    EXPECT_EQ(tree.SelectedItem().Key(), key);
-    QStringList want{"NodeClick:" + key, "Click:" + key};
-    if (GetParam().doubleClick) want << "DblClick:" + key;
-    EXPECT_EQ(events, want);
+TEST_F(TreeViewClicks, MouseGivesTheEventsWithTheNodeSelected) {
+    for (const auto& [name, doubleClick] : {std::pair{"Ker", false}, {"One", false}, {"And", true}, {"Centr", true}}) {
+        const QString key = QString::fromUtf8(name);
+        const QPoint pos = tree.viewport()->mapTo(&tree, at(key));
+        events.clear();
+        if (doubleClick)
+            QTest::mouseDClick(tree.windowHandle(), Qt::LeftButton, {}, pos);
+        else
+            QTest::mouseClick(tree.windowHandle(), Qt::LeftButton, {}, pos);
+        EXPECT_EQ(tree.SelectedItem().Key(), key);
+        QStringList want{"NodeClick:" + key, "Click:" + key};
+        if (doubleClick) want << "DblClick:" + key;
+        EXPECT_EQ(events, want);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Clicks, TreeViewMouse,
-                         testing::Values(ClickCase{"Ker", false}, ClickCase{"One", false}, ClickCase{"And", true},
-                                         ClickCase{"Centr", true}));
-
-TEST_F(TreeViewClicks, ClickBesideTheNodesKeepsTheSelectionAndStillClicks) {
+TEST_F(TreeViewClicks, ClickBesideTheNodesKeepsTheSelectionAndEnterReachesKeyDown) {
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, at("Ker"));
     events.clear();
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, QPoint(150, 290));
     EXPECT_EQ(tree.SelectedItem().Key(), QStringLiteral("Ker"));
     EXPECT_EQ(events, QStringList{"Click:Ker"});
-}
-
-TEST_F(TreeViewClicks, EnterKeyReachesKeyDownWithCode13) {
     int code = 0;
     forms::wire(&tree, &forms::TreeView::KeyDown, &tree, [&](int keyCode, int) { code = keyCode; });
     QTest::keyClick(&tree, Qt::Key_Return);
@@ -98,12 +87,10 @@ TEST(TreeViewNodes, KeysAndIndicesAndTheirErrors) {
 TEST(TreeViewNodes, VisibleIsTheControlsOwnSetting) {
     QWidget window;   // never shown
     auto* tree = new forms::TreeView(&window);
-    EXPECT_TRUE(tree->Visible());
     tree->hide();
     EXPECT_FALSE(tree->Visible());
     tree->show();
-    EXPECT_TRUE(tree->Visible());
-    EXPECT_FALSE(tree->isVisible());
+    EXPECT_TRUE(tree->Visible() && !tree->isVisible());
 }
 
 TEST(TreeViewNodes, SelectedNodeShowsItsSelectedImage) {

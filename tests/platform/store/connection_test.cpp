@@ -5,11 +5,6 @@
 
 namespace {
 
-int errorNumber(const std::function<void()>& f) {
-    const basic::RuntimeError e = basic::resume(f);
-    return e.number();
-}
-
 class Connections : public StoreFixture {
 protected:
     void SetUp() override {

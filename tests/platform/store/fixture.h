@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+inline int errorNumber(const std::function<void()>& f) { return basic::resume(f).number(); }
+
 inline QString rowsText(store::Recordset& rs) {
     QStringList rows;
     for (rs.Bof() && rs.Eof() ? void() : rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
