@@ -173,22 +173,8 @@ std::vector<FilterTerm> parseFilter(const QString& filter, const std::function<i
     return FilterParser(filter, columnOf).run();
 }
 
-bool likeMatches(const FilterTerm& t, const QString& text) {
-    switch (t.anchor) {
-    case FilterTerm::Anything: return true;
-    case FilterTerm::Contains: return text.contains(t.pattern);
-    case FilterTerm::Prefix: return text.startsWith(t.pattern);
-    case FilterTerm::Suffix: return text.endsWith(t.pattern);
-    default: return text == t.pattern;
-    }
-}
-
-bool filterMatches(const FilterTerm& t, const basic::Variant& value, const QString* lowered) {
+bool compareMatches(const FilterTerm& t, const basic::Variant& value) {
     if (value.isNull() || value.isEmpty()) return false;
-    if (t.op == FilterTerm::Like) {
-        if (t.anchor == FilterTerm::Anything) return true;
-        return likeMatches(t, lowered ? *lowered : basic::CStr(value).toLower());
-    }
     const int c = compare(value, t.value);
     if (c == 2) return false;
     switch (t.op) {

@@ -24,10 +24,7 @@ struct FilterTerm {
 // Raises RuntimeError 3001 for text it cannot read or a field that columnOf does not know (-1).
 std::vector<FilterTerm> parseFilter(const QString& filter, const std::function<int(const QString&)>& columnOf);
 
-// A LIKE term against a text already in lower case.
-bool likeMatches(const FilterTerm& term, const QString& lowered);
-
-// lowered: the value in lower case when it is text, so that a LIKE need not fold case row by row.
-bool filterMatches(const FilterTerm& term, const basic::Variant& value, const QString* lowered);
+// A comparing term (not LIKE, which the record set matches on its lower-case copy of the column).
+bool compareMatches(const FilterTerm& term, const basic::Variant& value);
 
 }  // namespace store

@@ -349,7 +349,7 @@ void applyFilter(RecordsetData& r) {
         for (size_t k = 0; k < terms.size(); ++k) {
             if (k == skip) continue;
             if (!scans[k]) {
-                if (!filterMatches(terms[k], set.rows[i].values[size_t(terms[k].column)], nullptr)) return false;
+                if (!compareMatches(terms[k], set.rows[i].values[size_t(terms[k].column)])) return false;
                 continue;
             }
             const RowSet::ScanColumn& sc = *scans[k];
