@@ -6,6 +6,7 @@
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/keys.h"
 #include "platform/forms/list_box.h"
+#include "platform/forms/show_form.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
@@ -141,15 +142,7 @@ void frmNormal::buildFlows() {
 
 // ---- start ---------------------------------------------------------------------------------------------
 
-void frmNormal::Show() {
-    if (!loaded_) {
-        loaded_ = true;
-        Form_Load();
-    }
-    show();
-    activateWindow();
-    Form_Activate();
-}
+void frmNormal::Show() { forms::showForm(this, loaded_); }
 
 void frmNormal::Form_Load() {
     List2->hide();

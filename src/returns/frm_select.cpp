@@ -3,6 +3,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/variant.h"
 #include "platform/forms/event_tap.h"
+#include "platform/forms/show_form.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
@@ -86,15 +87,7 @@ frmSelect::frmSelect(QWidget* parent) : QWidget(parent) {
     forms::wire(cmdClose, &QPushButton::clicked, this, [this] { cmdClose_Click(); });
 }
 
-void frmSelect::Show() {
-    if (!loaded_) {
-        loaded_ = true;
-        Form_Load();
-    }
-    show();
-    activateWindow();
-    Form_Activate();
-}
+void frmSelect::Show() { forms::showForm(this, loaded_); }
 
 void frmSelect::Form_Load() {
     move(forms::twips(4000), forms::twips(2500));
