@@ -237,7 +237,7 @@ void main::Picture6_Click() {
 
 void main::writeFrmFlg(int value) {
     store::Connection cn;
-    cn.setConnectionString(QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + basic::AppPath() +
+    cn.setConnectionString(QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + basic::UserPath() +
                            QStringLiteral("\\nwForm10DB.mdb"));
     cn.Open();
     store::Recordset rs;

@@ -38,6 +38,10 @@ std::shared_ptr<clsTableCollection> readCatalogue(const store::Connection& cn) {
 
 }  // namespace
 
+QStringList LibraryFileNames() {
+    return {QStringLiteral("0909214SD01.mdb"), QStringLiteral("1309214SD02.mdb"), QStringLiteral("1509214SD03.mdb")};
+}
+
 QString libraryConnectionString(const QString& programFolder, int file) {
     // Only the first password part ends in a semicolon; the other two stand without one.
     static const char* const files[] = {"\\0909214SD01.mdb;", "\\1309214SD02.mdb;", "\\1509214SD03.mdb;"};
@@ -46,19 +50,27 @@ QString libraryConnectionString(const QString& programFolder, int file) {
            QStringLiteral("Uid=admin;") + QString::fromLatin1(passwords[file - 1]);
 }
 
+void OpenLibraryAhead() {
+    for (int file = 1; file <= 3; ++file) store::OpenAhead(libraryConnectionString(basic::AppPath(), file));
+}
+
 void InitLibraryStore() {
     const QString folder = basic::AppPath();
+    // The library is never written; the files may lie where the user cannot write.
     strLibraryCn1 = libraryConnectionString(folder, 1);
     cnLibrary1 = store::Connection();
     cnLibrary1.setConnectionString(strLibraryCn1);
+    cnLibrary1.setMode(store::Connection::adModeRead);
     cnLibrary1.Open();
     strLibraryCn2 = libraryConnectionString(folder, 2);
     cnLibrary2 = store::Connection();
     cnLibrary2.setConnectionString(strLibraryCn2);
+    cnLibrary2.setMode(store::Connection::adModeRead);
     cnLibrary2.Open();
     strLibraryCn3 = libraryConnectionString(folder, 3);
     cnLibrary3 = store::Connection();
     cnLibrary3.setConnectionString(strLibraryCn3);
+    cnLibrary3.setMode(store::Connection::adModeRead);
     cnLibrary3.Open();
 
     DocumentRoot = folder + QStringLiteral("/");  // the viewers join their paths straight on

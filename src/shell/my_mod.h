@@ -6,6 +6,7 @@
 #include "shell/cls_table.h"
 
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <memory>
 
@@ -35,9 +36,15 @@ extern bool isDevelopmentRun;
 // The state browsed, set by the main window; always 14 (Kerala).
 extern std::int16_t currentStateNo;
 
-// Opens the three files of the program folder and reads their catalogues. A file that cannot be
-// opened raises its run-time error to the caller: the program cannot start without its library.
+// Opens the three files of the program folder read-only and reads their catalogues. A file that
+// cannot be opened raises its run-time error to the caller: the program cannot start without its
+// library.
 void InitLibraryStore();
+// Starts opening the three files on threads of their own, so that InitLibraryStore finds them ready:
+// their keys are derived side by side while the program starts instead of one after the other.
+void OpenLibraryAhead();
+// The names of the three files, which mark the folder that holds what ships with the program.
+QStringList LibraryFileNames();
 
 store::Connection getConnectionForTable(const QString& tableName);   // nothing when no file holds it
 store::Recordset getRecordSet(const QString& query, const QString& tableName);

@@ -42,9 +42,15 @@ protected:
 };
 
 TEST_F(WordSearch, FindsSectionsByWordsInOrder) {
+    // The program opens its library read-only: the rows go in before it is opened again.
+    shell::cnLibrary1 = shell::cnLibrary2 = shell::cnLibrary3 = store::Connection();
+    store::Connection writer;
+    writer.Open(shell::strLibraryCn1);
     for (const char* row : {"(201, '31-Syntax of returns')", "(202, '32-Input tax credit')",
                             "(203, '33-Tax on input goods')", "(204, '12-3-Act')", "(205, '34-Dealer''s turnover')"})
-        shell::cnLibrary1.Execute(QStringLiteral("INSERT INTO Keralafields (ID, ActSection) VALUES ") + row);
+        writer.Execute(QStringLiteral("INSERT INTO Keralafields (ID, ActSection) VALUES ") + row);
+    writer.Close();
+    shell::InitLibraryStore();
     using Entries = std::vector<std::pair<QString, int>>;
     const std::pair<const char*, Entries> cases[] = {
         {" tax", {{"-Levy of tax", 7}, {"32", 202}, {"6", 3}}},

@@ -13,7 +13,9 @@
 #define SQLITE_HAS_CODEC 1
 #include <sqlite3.h>
 
+#include <future>
 #include <map>
+#include <mutex>
 
 namespace store {
 
@@ -58,10 +60,17 @@ void openWith(const std::shared_ptr<detail::ConnectionData>& d, const QString& c
     if (path.isEmpty())
         throw providerError(QStringLiteral("Data source name not found and no default driver specified"));
     const QString key = parseConnectionString(c.connectionString).value(QStringLiteral("PWD"));
-    c.database = detail::Database::acquire(path, key, create);
+    c.database = detail::Database::acquire(path, key, create, c.mode == Connection::adModeRead);
 }
 
 }  // namespace
+
+void OpenAhead(const QString& connectionString, int mode) {
+    const QString path = databasePath(connectionString);
+    if (path.isEmpty()) return;
+    detail::Database::acquireAhead(path, parseConnectionString(connectionString).value(QStringLiteral("PWD")),
+                                   mode == Connection::adModeRead);
+}
 
 QString databasePath(const QString& connectionString) {
     return parseConnectionString(connectionString).value(QStringLiteral("DBQ")).replace(u'\\', u'/');
@@ -76,16 +85,25 @@ static std::map<QString, std::weak_ptr<Database>>& pool() {
     return *handles;
 }
 
-std::shared_ptr<Database> Database::acquire(const QString& path, const QString& key, bool create) {
-    const QFileInfo file(path);
-    if (!file.exists() && !create) throw providerError(QStringLiteral("Could not find file '%1'.").arg(path));
-    if (file.exists()) {
-        const QString poolKey = file.canonicalFilePath() + u'\n' + key;
-        if (auto shared = pool()[poolKey].lock()) return shared;
-    }
+// Files being opened ahead, until an acquire takes them; a failed one holds no handle.
+static std::map<QString, std::shared_future<std::shared_ptr<Database>>>& ahead() {
+    static auto* opening = new std::map<QString, std::shared_future<std::shared_ptr<Database>>>;
+    return *opening;
+}
 
+// Guards pool() and ahead(): files opened ahead finish on their own threads.
+static std::mutex& poolMutex() {
+    static auto* m = new std::mutex;
+    return *m;
+}
+
+static QString poolKeyOf(const QString& path, const QString& key) {
+    return QFileInfo(path).canonicalFilePath() + u'\n' + key;
+}
+
+std::shared_ptr<Database> Database::open(const QString& path, const QString& key, bool create, bool readOnly) {
     std::shared_ptr<Database> db(new Database);
-    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+    const int flags = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
     if (sqlite3_open_v2(QFile::encodeName(path).constData(), &db->db_, flags, nullptr) != SQLITE_OK)
         throw databaseError(db->db_);
     if (!key.isEmpty()) {
@@ -100,15 +118,57 @@ std::shared_ptr<Database> Database::acquire(const QString& path, const QString& 
     // Pages are decrypted as they are read; a larger cache keeps an index table's pages decrypted between
     // the searches of one run (memory is taken only as pages are touched).
     sqlite3_exec(db->db_, "PRAGMA cache_size = -65536", nullptr, nullptr, nullptr);
+    db->poolKey_ = poolKeyOf(path, key);
+    return db;
+}
 
-    db->poolKey_ = QFileInfo(path).canonicalFilePath() + u'\n' + key;
+std::shared_ptr<Database> Database::acquire(const QString& path, const QString& key, bool create, bool readOnly) {
+    const QFileInfo file(path);
+    if (!file.exists() && !create) throw providerError(QStringLiteral("Could not find file '%1'.").arg(path));
+    if (file.exists()) {
+        const QString poolKey = poolKeyOf(path, key);
+        std::shared_future<std::shared_ptr<Database>> opening;
+        {
+            std::lock_guard lock(poolMutex());
+            if (auto shared = pool()[poolKey].lock()) return shared;
+            if (auto it = ahead().find(poolKey); it != ahead().end()) {
+                opening = it->second;
+                ahead().erase(it);
+            }
+        }
+        if (opening.valid()) {
+            if (std::shared_ptr<Database> db = opening.get()) {
+                std::lock_guard lock(poolMutex());
+                pool()[poolKey] = db;
+                return db;
+            }
+        }
+    }
+
+    std::shared_ptr<Database> db = open(path, key, create, readOnly);
+    std::lock_guard lock(poolMutex());
     if (auto shared = pool()[db->poolKey_].lock()) return shared;   // made by this very call's create
     pool()[db->poolKey_] = db;
     return db;
 }
 
+void Database::acquireAhead(const QString& path, const QString& key, bool readOnly) {
+    if (!QFileInfo(path).isFile()) return;
+    const QString poolKey = poolKeyOf(path, key);
+    std::lock_guard lock(poolMutex());
+    if (!pool()[poolKey].expired() || ahead().count(poolKey)) return;
+    ahead()[poolKey] = std::async(std::launch::async, [path, key, readOnly]() -> std::shared_ptr<Database> {
+                           try {
+                               return open(path, key, false, readOnly);
+                           } catch (const basic::RuntimeError&) {
+                               return nullptr;
+                           }
+                       }).share();
+}
+
 Database::~Database() {
     if (!poolKey_.isEmpty()) {
+        std::lock_guard lock(poolMutex());
         auto it = pool().find(poolKey_);
         if (it != pool().end() && it->second.expired()) pool().erase(it);
     }
@@ -165,6 +225,16 @@ void Connection::setConnectionString(const QString& connectionString) {
     detail::ConnectionData& c = data(d_);
     if (c.database) throw storeError(kObjectOpen);
     c.connectionString = connectionString;
+}
+
+int Connection::Mode() const {
+    return data(d_).mode;
+}
+
+void Connection::setMode(int mode) {
+    detail::ConnectionData& c = data(d_);
+    if (c.database) throw storeError(kObjectOpen);
+    c.mode = mode;
 }
 
 void Connection::Open(const QString& connectionString) {

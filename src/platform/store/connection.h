@@ -18,12 +18,18 @@ struct ConnectionData;
 
 class Connection {
 public:
+    enum ConnectModeEnum { adModeUnknown = 0, adModeRead = 1, adModeReadWrite = 3 };
+
     Connection();                              // a new, closed connection
     static Connection nothing();               // a handle to no connection; any use raises error 91
     bool isNothing() const { return !d_; }
 
     QString ConnectionString() const;
     void setConnectionString(const QString& connectionString);
+    // adModeRead opens the file read-only; set while closed. Connections share the handle of a file, so
+    // the first one to open it decides.
+    int Mode() const;
+    void setMode(int mode);
 
     void Open(const QString& connectionString = QString());     // the file must exist
     void Create(const QString& connectionString = QString());   // Open, making an empty file when missing
@@ -45,6 +51,12 @@ private:
     explicit Connection(std::shared_ptr<detail::ConnectionData> d) : d_(std::move(d)) {}
     std::shared_ptr<detail::ConnectionData> d_;
 };
+
+// Starts opening the file of a connection string on a thread of its own, so that the Open that follows
+// finds its handle ready: the key derivation of an encrypted file is the slow part of opening it, and
+// files opened ahead derive their keys side by side. What goes wrong there is dropped; the Open then
+// opens the file itself and raises what it finds. A file that does not exist is left to the Open.
+void OpenAhead(const QString& connectionString, int mode = Connection::adModeRead);
 
 // The path of "Dbq=" with "\" read as "/": the one place where the system's separators are mapped.
 QString databasePath(const QString& connectionString);

@@ -13,7 +13,11 @@ namespace store::detail {
 class Database {
 public:
     // The handle of the file, opened (and its key checked) on first use, shared while anyone holds it.
-    static std::shared_ptr<Database> acquire(const QString& path, const QString& key, bool create);
+    // The first opener decides whether the handle is read-only.
+    static std::shared_ptr<Database> acquire(const QString& path, const QString& key, bool create,
+                                             bool readOnly = false);
+    // Opens the file on a thread of its own for the acquire that follows; see OpenAhead.
+    static void acquireAhead(const QString& path, const QString& key, bool readOnly);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
@@ -24,6 +28,7 @@ public:
 
 private:
     Database() = default;
+    static std::shared_ptr<Database> open(const QString& path, const QString& key, bool create, bool readOnly);
     sqlite3* db_ = nullptr;
     QString poolKey_;
 };
@@ -45,6 +50,7 @@ private:
 
 struct ConnectionData {
     QString connectionString;
+    int mode = Connection::adModeUnknown;
     std::shared_ptr<Database> database;        // null while closed
 };
 
