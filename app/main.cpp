@@ -1,6 +1,8 @@
 // Vorlan starts here: open the library store, then show the main window. Nothing comes between them.
 #include "platform/basic/app_path.h"
+#include "platform/basic/folders.h"
 #include "platform/basic/runtime_error.h"
+#include "platform/forms/fonts.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/window_registry.h"
 #include "platform/store/connection.h"
@@ -11,18 +13,79 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QTimer>
+#include <QEvent>
 #include <cstdio>
+#include <cstring>
+#include <functional>
+
+namespace {
+
+const char kHelp[] =
+    "Usage: vorlan [option]\n"
+    "Vorlan: the VAT laws of Kerala, and the monthly VAT return registers beside them.\n"
+    "\n"
+    "  -h, --help           show this text and end\n"
+    "  -v, --version        show the version and end\n"
+    "  --quit-when-shown    end as soon as the first window has shown itself (for tests and timing)\n"
+    "\n"
+    "The library, the register templates and the reference documents are read from the program's\n"
+    "folder (/usr/share/vorlan when installed); the return files are kept in the user's data folder\n"
+    "(~/.local/share/Vorlan). A program folder that holds the library and can be written keeps both.\n";
+
+struct StartOptions {
+    bool help = false, version = false, quitWhenShown = false;
+};
+
+// Read before the application object exists, so that --help and --version need no display.
+// Everything else is left to Qt.
+StartOptions readOptions(int argc, char** argv) {
+    StartOptions o;
+    for (int i = 1; i < argc; ++i) {
+        const char* a = argv[i];
+        if (!std::strcmp(a, "-h") || !std::strcmp(a, "--help")) o.help = true;
+        if (!std::strcmp(a, "-v") || !std::strcmp(a, "--version")) o.version = true;
+        if (!std::strcmp(a, "--quit-when-shown")) o.quitWhenShown = true;
+    }
+    return o;
+}
+
+// Calls back once, when the window has first painted itself: the moment the user sees it.
+class FirstPaint : public QObject {
+public:
+    FirstPaint(QWidget* window, std::function<void()> painted) : painted_(std::move(painted)) {
+        window->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            watched->removeEventFilter(this);
+            painted_();
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> painted_;
+};
+
+}  // namespace
 
 int main(int argc, char** argv) {
     QElapsedTimer started;
     started.start();
+    const StartOptions options = readOptions(argc, argv);
+    if (options.help || options.version) {
+        std::fputs(options.help ? kHelp : "vorlan " VORLAN_VERSION "\n", stdout);
+        return 0;
+    }
+    QCoreApplication::setApplicationName(QStringLiteral("Vorlan"));
+    basic::UseFolders(shell::LibraryFileNames());
+    // The library files' keys are derived on threads while Qt starts; InitLibraryStore finds them open.
+    shell::OpenLibraryAhead();
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Vorlan"));
-    basic::SetAppPath(QCoreApplication::applicationDirPath());
 
     const bool timing = qEnvironmentVariableIsSet("VORLAN_TIMING");
     if (timing) std::fprintf(stderr, "application made after %lld ms\n", started.elapsed());
+    forms::LoadFonts();   // while the keys are derived
     try {
         shell::InitLibraryStore();
     } catch (const basic::RuntimeError& e) {
@@ -37,19 +100,21 @@ int main(int argc, char** argv) {
         const QString text = QStringLiteral("Vorlan cannot open its library file\n") + file +
                              QStringLiteral("\n\n") + e.description() +
                              QStringLiteral("\n\nThe file is missing or is not a Vorlan library file. "
-                                            "Reinstall the library beside the program and start again.");
+                                            "Reinstall the library and start again.");
         std::fprintf(stderr, "%s\n", qPrintable(text));
         forms::MsgBox(text, forms::vbCritical, QStringLiteral("Vorlan"));
         return 1;
     }
     if (timing) std::fprintf(stderr, "library open after %lld ms\n", started.elapsed());
-    returns::CreateReturnStores(basic::AppPath());
+    returns::CreateReturnStores(basic::UserPath());
     if (timing) std::fprintf(stderr, "return files ready after %lld ms\n", started.elapsed());
 
     app::defineWindows();
     QWidget* first = forms::get(QStringLiteral("main"));
+    FirstPaint shown(first, [&] {
+        if (timing) std::fprintf(stderr, "first window shown after %lld ms\n", started.elapsed());
+        if (options.quitWhenShown) QMetaObject::invokeMethod(&application, &QCoreApplication::quit, Qt::QueuedConnection);
+    });
     first->show();
-    if (timing)
-        QTimer::singleShot(0, [&] { std::fprintf(stderr, "first window shown after %lld ms\n", started.elapsed()); });
     return QApplication::exec();
 }

@@ -210,8 +210,21 @@ void frmBackUpRestore::cboDrive_KeyPress(int keyAscii) {
     if (keyAscii == 13) Command7->setFocus();
 }
 
+// Named before anything is made or copied there: a stick mounted read-only, or gone since the list was made.
+bool frmBackUpRestore::backupDriveWritable() {
+    const QString target = backupDrive.isEmpty() ? selectedDrive : backupDrive + kFolder;
+    const QString folder = sys::FileSystemObject::resolve(target);
+    if (sys::CanWriteFolder(folder)) return true;
+    forms::MsgBox(QStringLiteral("Vorlan cannot write to %1\n\nNothing was copied. Check that the drive is in place "
+                                 "and can be written, or choose another drive, then press BackUp again.")
+                      .arg(folder),
+                  forms::vbExclamation, QStringLiteral("Vorlan"));
+    return false;
+}
+
 void frmBackUpRestore::Command7_Click() {
     auto box = [] { forms::MsgBox(QStringLiteral(" File  is Backed Up"), forms::vbInformation, kSuccessTitle); };
+    if (!backupDriveWritable()) return;
     if (!backupDrive.isEmpty()) {
         const basic::RuntimeError e = basic::resume([&] {
             fso.CopyFile(QStringLiteral("TAXDATA.mdb"), backupDrive + kFolder + "\\TAXDATA.mdb", true);

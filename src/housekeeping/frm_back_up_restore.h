@@ -64,6 +64,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool backupDriveWritable();   // a box when not
     bool loaded_ = false;   // false until the first showing and again after the window is unloaded
 };
 

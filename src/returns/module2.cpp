@@ -28,9 +28,9 @@ const QString kDriver = QStringLiteral("Driver={Microsoft Access Driver (*.mdb)}
 }
 
 void ConnectReturnStore() {
-    CreateReturnStores(basic::AppPath());
+    CreateReturnStores(basic::UserPath());
     cnReturn = store::Connection();
-    cnReturn.setConnectionString(kDriver + basic::AppPath() + "\\nwForm10DB.mdb");
+    cnReturn.setConnectionString(kDriver + basic::UserPath() + "\\nwForm10DB.mdb");
     cnReturn.Open();
     rsLookup = store::Recordset();
     rsBills = store::Recordset();
@@ -41,7 +41,7 @@ void ReleaseReturnStores() {
     // Dropping the connection is what frees the file; nothing opens the new one, so no Close is needed.
     cnReturn = store::Connection();
     for (const char* file : {"\\nwForm10DB.mdb", "\\Form10Data.mdb", "\\TAXDATA.mdb"}) {
-        cnReturn.setConnectionString(kDriver + basic::AppPath() + QString::fromLatin1(file));
+        cnReturn.setConnectionString(kDriver + basic::UserPath() + QString::fromLatin1(file));
         if (cnReturn.State() == 1) cnReturn.Close();
     }
 }

@@ -147,11 +147,10 @@ void frmNormal::procLoadRptSales() { stageBills(BillKind::Sales); }
 // added whatever the window shows now. A template or data file that cannot be read is named in a box,
 // and the pointer comes back.
 void frmNormal::printRegister(const QString& templateFile) {
-    const QString folder = basic::AppPath();
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const basic::RuntimeError failure = basic::resume([&] {
-        CrystalReport1->setDataFiles(0, folder + "\\nwForm10DB.mdb");
-        CrystalReport1->setReportFileName(folder + templateFile);
+        CrystalReport1->setDataFiles(0, basic::UserPath() + "\\nwForm10DB.mdb");
+        CrystalReport1->setReportFileName(basic::AppPath() + templateFile);
         CrystalReport1->setWindowState(2);
         CrystalReport1->setAction(1);
     });

@@ -9,6 +9,14 @@ QString& appPath() {
     static QString path;
     return path;
 }
+QString& userPath() {
+    static QString path;
+    return path;
+}
+QString withoutTrailingSlash(QString f) {
+    while (f.size() > 1 && f.endsWith(u'/')) f.chop(1);
+    return f;
+}
 }  // namespace
 
 QString AppPath() {
@@ -16,10 +24,13 @@ QString AppPath() {
     return QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QString();
 }
 
-void SetAppPath(const QString& folder) {
-    QString f = folder;
-    while (f.size() > 1 && f.endsWith(u'/')) f.chop(1);
-    appPath() = f;
+void SetAppPath(const QString& folder) { SetFolders(folder, folder); }
+
+QString UserPath() { return userPath().isEmpty() ? AppPath() : userPath(); }
+
+void SetFolders(const QString& program, const QString& user) {
+    appPath() = withoutTrailingSlash(program);
+    userPath() = withoutTrailingSlash(user);
 }
 
 QString NativePath(const QString& systemPath) {

@@ -1,12 +1,18 @@
 #pragma once
-// App.Path: the program folder, where the databases, templates and reference files lie.
+// App.Path: the program folder, where the databases, templates and reference files lie; and beside it
+// the user's folder, which the program takes for its current folder and where the user's own files lie.
 #include <QString>
 
 namespace basic {
 
-// The folder set by SetAppPath, else the folder of the running executable. No trailing separator.
+// The folder set by SetAppPath or SetFolders, else the folder of the running executable. No trailing
+// separator.
 QString AppPath();
-void SetAppPath(const QString& folder);  // the program at start, and tests with their own folder
+void SetAppPath(const QString& folder);  // one folder for both: tests with their own folder
+
+// The folder of the user's files; AppPath() until SetFolders gives it one of its own.
+QString UserPath();
+void SetFolders(const QString& program, const QString& user);
 
 // A path as the system writes it, with "\\" between folders, in the machine's own form.
 QString NativePath(const QString& systemPath);

@@ -1,7 +1,8 @@
 #pragma once
-// The drives a user may pick for a copy of the data. On Linux a "drive" is the mount point of a real
-// file system, written with a trailing "/" as a drive root is written with its "\". Behind an interface,
-// so that tests list folders of their own.
+// The drives a user may pick for a copy of the data, each written with a trailing "/" as a drive root is
+// written with its "\": the home folder; the drives under /media/<user>/ and /run/media/<user>/, where
+// the desktop mounts a USB stick; then the other mounted file systems the user can write. Behind an
+// interface, so that tests list folders of their own.
 #include <QStringList>
 
 namespace sys {
@@ -9,7 +10,7 @@ namespace sys {
 class DriveLister {
 public:
     virtual ~DriveLister() = default;
-    // The drive roots in the machine's order, each ending in "/".
+    // The drive roots in the list's order, each ending in "/".
     virtual QStringList LogicalDriveStrings() = 0;
 };
 
@@ -20,7 +21,16 @@ DriveLister* setDriveLister(DriveLister* lister);
 // Through the installed lister.
 QStringList LogicalDriveStrings();
 
-// The machine's own list: mount points of file systems on a block device or a network share, once each.
-QStringList mountedDriveRoots();
+// The machine's own list for the user running the program.
+QStringList backupDriveRoots();
+
+// The rule behind it: home first, then each folder in the removable parents by name, then the
+// writable mounts; each once.
+QStringList backupDriveRoots(const QString& home, const QStringList& removableParents,
+                             const QStringList& writableMounts);
+
+// True when a file can be made in the folder now: the one sure test of a drive mounted read-only,
+// full of another user's files, or gone.
+bool CanWriteFolder(const QString& folder);
 
 }  // namespace sys

@@ -1,7 +1,8 @@
 #pragma once
 // The file-system object the windows copy the user's data with: CopyFile, CreateFolder, FolderExists,
 // with the run-time errors the old one raised. Paths are written with "\" and mapped here; a path
-// without a folder is taken in the program folder, which the system takes for the current folder.
+// without a folder is taken in the user's folder, the current folder of the program, where the
+// return files lie.
 #include <QIODevice>
 #include <QString>
 #include <functional>
@@ -17,7 +18,7 @@ class FileSystemObject {
 public:
     explicit FileSystemObject(ByteCopy copy = copyAllBytes);
 
-    // The path as the machine writes it: "\" read as "/", relative to the program folder.
+    // The path as the machine writes it: "\" read as "/", relative to the user's folder.
     static QString resolve(const QString& path);
 
     bool FolderExists(const QString& folder) const;
