@@ -50,9 +50,10 @@ protected:
     void SetUp() override {
         ensureApp();
         program = root.filePath("program");
-        for (const char* d : {"program", "c", "d", "e"}) QDir(root.path()).mkdir(d);
-        basic::SetAppPath(program);
-        returns::CreateReturnStores(program);
+        user = root.filePath("user");
+        for (const char* d : {"program", "user", "c", "d", "e"}) QDir(root.path()).mkdir(d);
+        basic::SetFolders(program, user);   // the return files lie in the user's folder
+        returns::CreateReturnStores(user);
         for (const char* d : {"c", "d", "e"}) drives.roots << root.filePath(d) + "/";
         before = sys::setDriveLister(&drives);
     }
@@ -64,10 +65,10 @@ protected:
     QString backup(const char* drive, const char* file = "") const {
         return root.filePath(QString(drive) + "/Vorlan1BackUp/" + file);
     }
-    QString inProgram(const char* file) const { return program + "/" + file; }
+    QString inUser(const char* file) const { return user + "/" + file; }
 
     QTemporaryDir root;
-    QString program;
+    QString program, user;
     FolderDrives drives;
     sys::DriveLister* before = nullptr;
     forms::MsgBoxRecorder boxes;
@@ -119,9 +120,9 @@ TEST_F(BackUpRestore, RoundTripBringsBackAChangedMonth) {
     QTest::mouseClick(w.Image1, Qt::LeftButton);
     w.show();   // lets go of the store, so the month is in the file
     const QByteArray saved = bytes(backup("d", "nwForm10DB.mdb"));
-    ASSERT_NE(bytes(inProgram("nwForm10DB.mdb")), saved);
+    ASSERT_NE(bytes(inUser("nwForm10DB.mdb")), saved);
     QTest::mouseClick(w.Command6, Qt::LeftButton);
-    EXPECT_EQ(bytes(inProgram("nwForm10DB.mdb")), saved);
+    EXPECT_EQ(bytes(inUser("nwForm10DB.mdb")), saved);
     const Boxes expected{{" File  is Backed Up", 64, kTitle},
                          {"Run-time error '58':\n\nFile already exists", 16, "Vorlan"},
                          kNotFound};
@@ -137,14 +138,14 @@ TEST_F(BackUpRestore, RestoreStopsAtTheMissingFile) {
         forms::RecordedBox box;
     } cases[] = {{2, 2, kNotFound}, {3, 3, {"File is   Restored    ", 64, kTitle}}, {0, 0, kNotFound}};
     for (const auto& c : cases) {
-        for (const char* f : files) write(inProgram(f), QByteArray("now ") + f);
+        for (const char* f : files) write(inUser(f), QByteArray("now ") + f);
         for (int i = 0; i < c.inBackup; ++i) write(backup("e", files[i]), QByteArray("saved ") + files[i]);
         frmBackUpRestore w;
         w.show();
         boxes.clear();
         QTest::mouseClick(w.Command6, Qt::LeftButton);
         for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(bytes(inProgram(files[i])), QByteArray(i < c.restored ? "saved " : "now ") + files[i]);
+            EXPECT_EQ(bytes(inUser(files[i])), QByteArray(i < c.restored ? "saved " : "now ") + files[i]);
         EXPECT_EQ(boxes.boxes(), Boxes{c.box});
         QDir(backup("e")).removeRecursively();
     }
@@ -163,12 +164,31 @@ TEST_F(BackUpRestore, InterruptedBackupLeavesTheOldOneWhole) {
     };
     w.show();
     QTest::mouseClick(w.Command7, Qt::LeftButton);
-    EXPECT_EQ(bytes(backup("c", "TAXDATA.mdb")), bytes(inProgram("TAXDATA.mdb")));
+    EXPECT_EQ(bytes(backup("c", "TAXDATA.mdb")), bytes(inUser("TAXDATA.mdb")));
     EXPECT_EQ(bytes(backup("c", "nwForm10DB.mdb")), "old returns");
     EXPECT_EQ(QDir(backup("c")).entryList(QDir::Files | QDir::Hidden).size(), 2);
     EXPECT_EQ(boxes.boxes(), (Boxes{{"Disk full", 0, "Vorlan"}}));
     const bool forReadme = qEnvironmentVariableIsSet("VORLAN_SCREENS");
     EXPECT_TRUE(w.grab().save((forReadme ? VORLAN_SOURCE_DIR "/docs/screens" : QDir::tempPath()) + "/frmBackUpRestore.png"));
+}
+
+// A drive that cannot be written, here one pulled out after the list was made, is named in a box
+// before any folder is made or file copied.
+TEST_F(BackUpRestore, DriveThatCannotBeWrittenIsNamedFirst) {
+    for (bool chosen : {true, false}) {
+        if (!chosen) QDir().mkpath(backup("e"));
+        frmBackUpRestore w;
+        w.show();
+        if (chosen) w.selectedDrive = root.filePath("gone/");
+        else QDir(backup("e")).removeRecursively();
+        const QString target = chosen ? root.filePath("gone") : backup("e").chopped(1);
+        boxes.clear();
+        QTest::mouseClick(w.Command7, Qt::LeftButton);
+        ASSERT_EQ(boxes.boxes().size(), 1u);
+        EXPECT_TRUE(boxes.boxes()[0].text.startsWith("Vorlan cannot write to " + target + "\n"));
+        EXPECT_EQ(boxes.boxes()[0].style, forms::vbExclamation);
+        EXPECT_FALSE(QFileInfo::exists(target));
+    }
 }
 
 // The label shows for three ticks and hides for one; a button is yellow while it has the focus.
