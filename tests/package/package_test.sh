@@ -29,7 +29,7 @@ before=$(listing)
 version=$(env -i PATH=/usr/bin:/bin "$usr/bin/vorlan" --version)
 [ "$version" = "vorlan $(dpkg-deb -f "$deb" Version)" ] || fail "--version says '$version'"
 
-env -i PATH=/usr/bin:/bin HOME="$home" XDG_DATA_HOME="$home/data" QT_QPA_PLATFORM=offscreen \
+env -i PATH=/usr/bin:/bin HOME="$home" XDG_DATA_HOME="$home/data" XDG_RUNTIME_DIR="$home/run" QT_QPA_PLATFORM=offscreen \
   "${as_user[@]}" "$usr/bin/vorlan" --quit-when-shown || fail "the program did not start and end"
 for f in nwForm10DB.mdb Form10Data.mdb TAXDATA.mdb; do
   [ -f "$home/data/Vorlan/$f" ] || fail "$f was not made in the user's data folder"
