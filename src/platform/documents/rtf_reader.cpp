@@ -159,6 +159,7 @@ public:
             }
         }
         if (pictureDepth_ > 0) finishPicture();  // a picture cut off by the end of the file
+        if (table_) closeTable();
         flush();
         if (!pendingBlock_) cursor_.setBlockFormat(pieceFormat(lastTextPara_, true));
         cursor_.endEditBlock();
@@ -659,7 +660,8 @@ private:
                 closeTable();
                 openTable(true);
             } else {
-                table_->appendRows(1);
+                // Rows are made in doubling batches: each batch costs Qt a pass over the table's cells.
+                if (row_ + 1 >= table_->rows()) table_->appendRows(std::min(table_->rows(), kRowsPerTable - table_->rows()));
                 ++row_;
                 col_ = 0;
                 widenTable(int(cellDefs_.size()));
@@ -707,6 +709,7 @@ private:
 
     void closeTable() {
         flush();
+        if (table_->rows() > row_ + 1) table_->removeRows(row_ + 1, table_->rows() - row_ - 1);  // unused batch
         cursor_ = table_->lastCursorPosition();
         cursor_.movePosition(QTextCursor::NextBlock);
         table_ = nullptr;
