@@ -115,7 +115,6 @@ QString hyperlinkTarget(const QString& instruction) {
     return file + QLatin1Char('#') + bookmark;
 }
 
-
 class Reader {
 public:
     Reader(const QByteArray& rtf, QTextDocument& document)
