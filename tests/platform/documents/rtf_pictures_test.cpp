@@ -20,24 +20,17 @@ QByteArray pictureHex(const char* format, int w, int h, Qt::GlobalColor color) {
     return bytes.data().toHex();
 }
 
-// The text with each picture as "[WxH colour]", "box" for a placeholder.
+// The text with each picture as "[WxH colour]": the name of its red or blue, or "box" for a placeholder.
 QString pictures(const QTextDocument& document) {
     QString out;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
-        for (auto it = block.begin(); !it.atEnd(); ++it) {
-            const QTextImageFormat image = it.fragment().charFormat().toImageFormat();
-            if (!image.isValid()) {
-                out += it.fragment().text();
-                continue;
-            }
-            const QImage pixels = document.resource(QTextDocument::ImageResource, QUrl(image.name())).value<QImage>();
-            const QRgb rgb = pixels.pixel(0, 0);
-            const QString colour = image.name().endsWith(QLatin1String("placeholder")) ? QStringLiteral("box")
-                                   : qRed(rgb) > 200 && qGreen(rgb) < 60   ? QStringLiteral("red")
-                                   : qBlue(rgb) > 200 && qGreen(rgb) < 60  ? QStringLiteral("blue")
-                                                                           : QStringLiteral("other");
-            out += QStringLiteral("[%1x%2 %3]").arg(image.width()).arg(image.height()).arg(colour);
-        }
+    for (auto it = document.begin().begin(); !it.atEnd(); ++it) {
+        const QTextImageFormat image = it.fragment().charFormat().toImageFormat();
+        const QImage pixels = document.resource(QTextDocument::ImageResource, QUrl(image.name())).value<QImage>();
+        const QRgb rgb = pixels.isNull() ? 0 : pixels.pixel(0, 0);
+        out += !image.isValid() ? it.fragment().text()
+               : QStringLiteral("[%1x%2 %3]").arg(image.width()).arg(image.height()).arg(
+                     image.name().endsWith(QLatin1String("placeholder")) ? "box" : qRed(rgb) > 200 ? "red" : "blue");
+    }
     return out;
 }
 
