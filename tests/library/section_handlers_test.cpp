@@ -134,7 +134,7 @@ TEST_F(Browser, EveryCatalogueRowOpensItsGridOnceAndGoShowsItsRow) {
         {"Ali", &frmkerala::tvwali, "Sec3al", &frmkerala::ObjAlliedFormsGB, true, 62, 0, "Mangalya  FORM II", {1, "SELECT fname FROM Kerala WHERE id=124"}},
         {"Ali", &frmkerala::tvwali, "Sec4al", &frmkerala::ObjAlliedCircularsGB, true, 0, -1, "KERALA LUXURY TAX NOTIFICATIONS", {1, "SELECT fname FROM Kerala WHERE id=46"}},
         {"Ali", &frmkerala::tvwali, "Sec5al", &frmkerala::ObjAlliedNotificationsGB, true, 1, 0, "KERALA LUXURY TAX NOTIFICATIONS", {1, "SELECT fname FROM Kerala WHERE id=46"}},
-        {"sch", nullptr, "", &frmkerala::ObjScheduleGlobalSection, false, 4, 0, "Third Schedule - Goods taxed at 4 per cent", {3, "SELECT fname FROM Allshedule WHERE ID=3"}},
+        {"sch", nullptr, "", &frmkerala::ObjScheduleGlobalSection, false, 5, 0, "Third Schedule - Goods taxed at 4 per cent", {3, "SELECT fname FROM Allshedule WHERE ID=3"}},
         {"forms", nullptr, "", &frmkerala::ObjFormGlobalSections, false, 4, 1, "FORM 8", {1, "SELECT fname FROM Kerala WHERE id=32"}},
         {"ca", nullptr, "", &frmkerala::ObjCAMenuItemGlobalSection, false, 4, 2, "Engagement letter", {3, "SELECT fname FROM CAPractice WHERE ID=3"}},
     };

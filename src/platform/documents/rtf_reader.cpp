@@ -1,11 +1,17 @@
 #include "platform/documents/rtf_reader.h"
 
-#include <QStringDecoder>
+#include "platform/documents/rtf_fonts.h"
+#include "platform/documents/rtf_pictures.h"
+#include "platform/documents/rtf_tables.h"
+#include "platform/documents/rtf_words.h"
+
 #include <QTextBlockFormat>
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextImageFormat>
 #include <QTextTable>
+#include <QUrl>
 
 #include <algorithm>
 #include <array>
@@ -18,37 +24,7 @@ namespace documents {
 
 namespace {
 
-// Bytes 0x80-0x9F of Windows code page 1252; the rest of its upper half is Latin-1.
-constexpr char16_t kCp1252High[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-using CodePage = std::array<char16_t, 256>;
-
-CodePage codePage1252() {
-    CodePage page{};
-    for (int b = 0; b < 256; ++b) page[b] = char16_t(b);
-    for (int b = 0; b < 32; ++b) page[0x80 + b] = kCp1252High[b];
-    return page;
-}
-
-// A single-byte code page by its Windows number; one Qt cannot decode reads as 1252.
-CodePage codePageOf(int number) {
-    CodePage page = codePage1252();
-    if (number == 1252) return page;
-    const QByteArray name = number == 10000 ? QByteArray("macintosh")
-                            : (number >= 1250 && number <= 1258 ? "windows-" : "cp") + QByteArray::number(number);
-    QStringDecoder decoder(name.constData());
-    if (!decoder.isValid()) return page;
-    for (int b = 0x80; b < 256; ++b) {
-        const char byte = char(b);
-        const QString one = decoder.decode(QByteArrayView(&byte, 1));
-        decoder.resetState();
-        if (one.size() == 1) page[b] = one[0].unicode();
-    }
-    return page;
-}
+using namespace rtf;
 
 struct CharProps {
     bool bold = false;
@@ -57,6 +33,7 @@ struct CharProps {
     bool strike = false;
     int vertical = 0;  // -1 subscript, 1 superscript
     int halfPoints = 24;
+    int font = -1;     // \fN; -1 is the document's default font
     QString href;
     bool operator==(const CharProps&) const = default;
 };
@@ -72,71 +49,30 @@ struct ParaProps {
 
 // Widest table we build; further cells of a row run on in its last cell.
 constexpr int kMaxColumns = 64;
+// A long table is built as tables of this many rows, one under the other, so that the view lays out only
+// the rows it shows; Qt lays a table out whole.
+constexpr int kRowsPerTable = 100;
+// A paragraph longer than this is laid out in pieces, broken at the next blank, or anywhere past the hard
+// limit: Qt lays a paragraph out whole, and one of megabytes stalls the view for seconds.
+constexpr int kSoftBreak = 4096;
+constexpr int kHardBreak = 16384;
+// Empty paragraphs in a row beyond this many add nothing a reader can see, only memory.
+constexpr int kMaxEmptyParagraphs = 100;
+// A run of hex digits this long in the text is picture data whose group was damaged, not words.
+constexpr int kStrayHexRun = 256;
 
-enum class Dest { Text, FieldInstruction, Bookmark, Skip };
+enum class Dest { Text, FieldInstruction, Bookmark, FontTable, Picture, Skip };
+// What holds a picture: nothing, \shppict (the picture itself) or \nonshppict (an alternative for readers
+// that do not know the first; read only to stand in for a metafile).
+enum class Wrap { None, Shape, NonShape };
 
 struct Group {
     CharProps chr;
     ParaProps para;
     Dest dest = Dest::Text;
+    Wrap wrap = Wrap::None;
     int uc = 1;  // bytes of fallback that follow each \uN
 };
-
-enum class Word {
-    Skip, Star, FieldInstruction, BookmarkStart, FieldResult, Field,
-    Par, Pard, Line, Tab, Cell, Row, InTable, RowDefaults, CellRight, Plain,
-    Bold, Italic, Underline, UnderlineNone, Strike, FontSize, Super, Sub, NoSuperSub,
-    AlignLeft, AlignCenter, AlignRight, AlignJustify, LeftIndent, RightIndent, FirstIndent, SpaceBefore,
-    SpaceAfter, TabStop,
-    Ansi, Mac, Pc, Pca, AnsiCodePage, Uc, U, Bin,
-    Char,  // a named special character
-};
-
-struct WordInfo {
-    Word word;
-    char16_t ch = 0;
-};
-
-const std::unordered_map<std::string_view, WordInfo>& words() {
-    static const std::unordered_map<std::string_view, WordInfo> table = [] {
-        std::unordered_map<std::string_view, WordInfo> t;
-        // Destinations whose text is not part of the document body.
-        for (const char* w : {"fonttbl", "colortbl", "stylesheet", "info", "pict", "object", "header", "footer",
-                              "headerl", "headerr", "headerf", "footerl", "footerr", "footerf", "footnote",
-                              "annotation", "themedata", "colorschememapping", "latentstyles", "datastore",
-                              "xmlnstbl", "listtable", "listoverridetable", "rsidtbl", "generator", "pgdsctbl",
-                              "revtbl", "filetbl", "fontemb", "fonturl", "objdata", "nonshppict", "pn",
-                              "bkmkend", "xe", "tc", "txe", "template", "userprops", "docvar",
-                              "private", "shpinst", "mmathPr", "wgrffmtfilter", "pnseclvl", "atnid",
-                              "atnauthor", "atrfstart", "atrfend", "comment", "author", "title", "subject",
-                              "keywords", "doccomm", "operator", "company", "hlinkbase"})
-            t[w] = {Word::Skip};
-        const std::pair<const char*, Word> plain[] = {
-            {"fldinst", Word::FieldInstruction}, {"bkmkstart", Word::BookmarkStart}, {"fldrslt", Word::FieldResult}, {"field", Word::Field},
-            {"par", Word::Par}, {"page", Word::Par}, {"sect", Word::Par}, {"row", Word::Row}, {"nestrow", Word::Par},
-            {"pard", Word::Pard}, {"line", Word::Line}, {"tab", Word::Tab}, {"cell", Word::Cell}, {"intbl", Word::InTable}, {"trowd", Word::RowDefaults},
-            {"cellx", Word::CellRight},
-            {"nestcell", Word::Tab}, {"plain", Word::Plain}, {"b", Word::Bold}, {"i", Word::Italic},
-            {"ul", Word::Underline}, {"uld", Word::Underline}, {"uldb", Word::Underline},
-            {"uldash", Word::Underline}, {"ulw", Word::Underline}, {"ulwave", Word::Underline},
-            {"ulth", Word::Underline}, {"ulnone", Word::UnderlineNone}, {"strike", Word::Strike},
-            {"fs", Word::FontSize}, {"super", Word::Super}, {"sub", Word::Sub}, {"nosupersub", Word::NoSuperSub},
-            {"ql", Word::AlignLeft}, {"qc", Word::AlignCenter}, {"qr", Word::AlignRight},
-            {"qj", Word::AlignJustify}, {"li", Word::LeftIndent}, {"ri", Word::RightIndent},
-            {"fi", Word::FirstIndent}, {"sb", Word::SpaceBefore}, {"sa", Word::SpaceAfter}, {"tx", Word::TabStop},
-            {"ansi", Word::Ansi}, {"mac", Word::Mac}, {"pc", Word::Pc}, {"pca", Word::Pca},
-            {"ansicpg", Word::AnsiCodePage}, {"uc", Word::Uc}, {"u", Word::U}, {"bin", Word::Bin}};
-        for (const auto& [w, word] : plain) t[w] = {word};
-        const std::pair<const char*, char16_t> chars[] = {
-            {"emdash", 0x2014}, {"endash", 0x2013}, {"bullet", 0x2022}, {"lquote", 0x2018},
-            {"rquote", 0x2019}, {"ldblquote", 0x201C}, {"rdblquote", 0x201D}, {"emspace", 0x2003},
-            {"enspace", 0x2002}, {"qmspace", 0x2005}, {"zwj", 0x200D}, {"zwnj", 0x200C},
-            {"ltrmark", 0x200E}, {"rtlmark", 0x200F}};
-        for (const auto& [w, ch] : chars) t[w] = {Word::Char, ch};
-        return t;
-    }();
-    return table;
-}
 
 // "HYPERLINK \"file\"", "HYPERLINK \\l \"bookmark\"" or both ("file#bookmark") to the link target; anything else
 // to "". Word writes the bookmark's switch before or after the file; other switches and their values drop.
@@ -182,7 +118,7 @@ QString hyperlinkTarget(const QString& instruction) {
 class Reader {
 public:
     Reader(const QByteArray& rtf, QTextDocument& document)
-        : p_(rtf.constData()), end_(rtf.constData() + rtf.size()), cursor_(&document), page_(codePage1252()) {
+        : p_(rtf.constData()), end_(rtf.constData() + rtf.size()), cursor_(&document), document_(document) {
         stack_.reserve(64);
         stack_.emplace_back();
         run_.reserve(4096);
@@ -205,17 +141,26 @@ public:
             } else if (c == '\r' || c == '\n') {
                 ++p_;
             } else {
-                ++p_;
                 star_ = false;
                 if (skipCount_ > 0) {
+                    ++p_;
                     --skipCount_;
                     continue;
                 }
+                const Dest dest = overflow_ > 0 ? Dest::Skip : top().dest;
+                if (dest == Dest::Picture) {
+                    pictureData();
+                    continue;
+                }
+                if (dest == Dest::Text && hexValue(c) >= 0 && p_ >= hexClearUntil_ && skipStrayHex()) continue;
+                ++p_;
                 putByte(static_cast<unsigned char>(c));
             }
         }
+        if (pictureDepth_ > 0) finishPicture();  // a picture cut off by the end of the file
+        if (table_) closeTable();
         flush();
-        if (!pendingBlock_) cursor_.setBlockFormat(blockFormat(lastTextPara_));
+        if (!pendingBlock_) cursor_.setBlockFormat(pieceFormat(lastTextPara_, true));
         cursor_.endEditBlock();
     }
 
@@ -242,6 +187,8 @@ private:
             --overflow_;
             return;
         }
+        if (pictureDepth_ == int(stack_.size())) finishPicture();
+        if (top().dest == Dest::FontTable) commitFont();  // an entry without its ';'
         if (stack_.size() > 1) stack_.pop_back();  // a stray '}' at the outer level is ignored
         dirty_ = true;
         paraDirty_ = true;
@@ -311,20 +258,21 @@ private:
     void word(std::string_view name, bool hasNumber, int number) {
         const bool starred = star_;
         star_ = false;
-        const auto& table = words();
-        const auto found = table.find(name);
-        if (starred && (found == table.end() || (found->second.word != Word::FieldInstruction &&
-                                                 found->second.word != Word::BookmarkStart))) {
+        const WordInfo* found = findWord(name);
+        if (found && found->word == Word::Bin) {  // binary data: pass over its bytes whatever the group
+            const long long n = std::min<long long>(std::max(0, number), end_ - p_);
+            if (overflow_ == 0 && top().dest == Dest::Picture) picture_.data.append(p_, qsizetype(n));
+            p_ += n;
+            return;
+        }
+        if (overflow_ > 0) return;  // a group beyond the depth cap changes nothing
+        if (starred && (!found || (found->word != Word::FieldInstruction && found->word != Word::BookmarkStart &&
+                                   found->word != Word::ShapePicture))) {
             top().dest = Dest::Skip;  // an ignorable destination we do not read
             return;
         }
-        if (found == table.end()) return;
-        const WordInfo info = found->second;
-        if (info.word == Word::Bin) {  // binary data: pass over its bytes whatever the group
-            const long long n = std::max(0, number);
-            p_ += std::min<long long>(n, end_ - p_);
-            return;
-        }
+        if (!found) return;
+        const WordInfo info = *found;
         if (skipCount_ > 0) {
             --skipCount_;
             return;
@@ -334,7 +282,6 @@ private:
         paraDirty_ = true;
         switch (info.word) {
         case Word::Skip: g.dest = Dest::Skip; break;
-        case Word::Star: break;
         case Word::Field: fieldInstruction_.clear(); break;
         case Word::FieldInstruction:
             if (g.dest != Dest::Skip) g.dest = Dest::FieldInstruction;
@@ -359,9 +306,27 @@ private:
         case Word::Cell: endCell(); break;
         case Word::Row: endRow(); break;
         case Word::InTable: g.para.inTable = true; break;
-        case Word::RowDefaults: cellRights_.clear(); break;
+        case Word::RowDefaults:
+            cellDefs_.clear();
+            pendingCell_ = CellDef{};
+            borderSide_ = -1;
+            break;
         case Word::CellRight:
-            if (int(cellRights_.size()) < kMaxColumns) cellRights_.push_back(twips(number));
+            pendingCell_.right = twips(number);
+            if (int(cellDefs_.size()) < kMaxColumns) cellDefs_.push_back(pendingCell_);
+            pendingCell_ = CellDef{};
+            borderSide_ = -1;
+            break;
+        case Word::CellBorder:
+            borderSide_ = info.value;
+            pendingCell_.borders[borderSide_] = Border{};
+            break;
+        case Word::OtherBorder: borderSide_ = -1; break;
+        case Word::BorderStyle:
+            if (borderSide_ >= 0) pendingCell_.borders[borderSide_].kind = BorderKind(info.value);
+            break;
+        case Word::BorderWidth:
+            if (borderSide_ >= 0) pendingCell_.borders[borderSide_].width = std::clamp(number, 0, 300);
             break;
         case Word::Plain: {
             const QString href = g.chr.href;  // \plain resets formatting, not the link it stands in
@@ -394,12 +359,12 @@ private:
         case Word::TabStop:
             if (g.para.tabCount < int(g.para.tabs.size())) g.para.tabs[g.para.tabCount++] = twips(number);
             break;
-        case Word::Ansi: page_ = codePage1252(); break;
-        case Word::Mac: page_ = codePageOf(10000); break;
-        case Word::Pc: page_ = codePageOf(437); break;
-        case Word::Pca: page_ = codePageOf(850); break;
+        case Word::Ansi: setDocumentPage(codePage1252()); break;
+        case Word::Mac: setDocumentPage(codePage(10000)); break;
+        case Word::Pc: setDocumentPage(codePage(437)); break;
+        case Word::Pca: setDocumentPage(codePage(850)); break;
         case Word::AnsiCodePage:
-            if (hasNumber) page_ = codePageOf(number);
+            if (hasNumber) setDocumentPage(codePage(number));
             break;
         case Word::Uc: g.uc = std::max(0, number); break;
         case Word::U: {
@@ -409,39 +374,125 @@ private:
             skipCount_ = g.uc;
             break;
         }
-        case Word::Char: put(QChar(info.ch)); break;
+        case Word::Char: put(QChar(char16_t(info.value))); break;
+        case Word::FontTable:
+            if (g.dest == Dest::Text) g.dest = Dest::FontTable;
+            break;
+        case Word::Font:
+            if (g.dest == Dest::FontTable) {
+                commitFont();
+                fontNumber_ = number;
+            } else {
+                g.chr.font = number;
+                dirty_ = true;
+            }
+            break;
+        case Word::DefaultFont:
+            deff_ = number;
+            pageFont_ = INT_MIN;
+            break;
+        case Word::FontFamily:
+            if (g.dest == Dest::FontTable) font_.family = QFont::StyleHint(info.value);
+            break;
+        case Word::FontCharset:
+            if (g.dest == Dest::FontTable) font_.charset = number;
+            break;
+        case Word::ShapePicture:
+            if (g.dest == Dest::Text) g.wrap = Wrap::Shape;
+            break;
+        case Word::NonShapePicture:
+            if (g.dest == Dest::Text) g.wrap = Wrap::NonShape;
+            g.dest = Dest::Skip;
+            break;
+        case Word::Picture:
+            if (pictureDepth_ == 0 && (g.dest == Dest::Text || (g.dest == Dest::Skip && g.wrap == Wrap::NonShape))) {
+                g.dest = Dest::Picture;
+                pictureDepth_ = int(stack_.size());
+                pictureWrap_ = g.wrap;
+                picture_ = PictureProps{};
+                nibble_ = -1;
+            } else {
+                g.dest = Dest::Skip;
+            }
+            break;
+        case Word::PictureKind:
+            if (g.dest == Dest::Picture) picture_.kind = PictureKind(info.value);
+            break;
+        case Word::PictureWidth: pictureSize(g, picture_.width, number); break;
+        case Word::PictureHeight: pictureSize(g, picture_.height, number); break;
+        case Word::PictureGoalWidth: pictureSize(g, picture_.goalWidth, number); break;
+        case Word::PictureGoalHeight: pictureSize(g, picture_.goalHeight, number); break;
+        case Word::PictureScaleX: pictureSize(g, picture_.scaleX, number); break;
+        case Word::PictureScaleY: pictureSize(g, picture_.scaleY, number); break;
         case Word::Bin: break;
         }
     }
 
     static int twips(int n) { return std::clamp(n, -31680, 31680); }  // within 22 inches either way
 
+    void pictureSize(const Group& g, int& field, int number) {
+        if (g.dest == Dest::Picture) field = std::clamp(number, 0, 1000000);
+    }
+
+    // Fonts and their code pages.
+    void commitFont() {
+        if (fontNumber_ >= 0 && fonts_.size() < 4096) {
+            font_.name = font_.name.trimmed();
+            fonts_[fontNumber_] = font_;
+            charFormats_.clear();
+            pageFont_ = INT_MIN;
+        }
+        font_ = FontEntry{};
+        fontNumber_ = -1;
+    }
+
+    void setDocumentPage(const CodePage& page) {
+        documentPage_ = &page;
+        pageFont_ = INT_MIN;
+    }
+
+    const FontEntry* fontOf(const CharProps& c) const {
+        const auto found = fonts_.find(c.font < 0 ? deff_ : c.font);
+        return found == fonts_.end() ? nullptr : &found->second;
+    }
+
+    // The code page of the run's font, looked up again only when the font changes.
+    const CodePage& runPage() {
+        const int font = top().chr.font < 0 ? deff_ : top().chr.font;
+        if (font != pageFont_) {
+            pageFont_ = font;
+            const FontEntry* entry = fontOf(top().chr);
+            runPage_ = entry ? &pageOf(*entry, *documentPage_) : documentPage_;
+        }
+        return *runPage_;
+    }
+
     void putByte(unsigned char byte) {
         if (byte < 0x20) {
             if (byte == '\t') put(QChar(u'\t'));
             return;  // other control bytes are not text
         }
-        put(QChar(page_[byte]));
+        put(QChar(runPage()[byte]));
     }
 
     void put(QChar ch) {
         if (overflow_ > 0) return;
         Group& g = top();
-        if (g.dest == Dest::Skip) return;
-        if (g.dest == Dest::FieldInstruction) {
+        switch (g.dest) {
+        case Dest::Skip: case Dest::Picture: return;
+        case Dest::FieldInstruction:
             if (fieldInstruction_.size() < 4096) fieldInstruction_.append(ch);
             return;
-        }
-        if (g.dest == Dest::Bookmark) {
+        case Dest::Bookmark:
             if (bookmark_.size() < 256) bookmark_.append(ch);
             return;
+        case Dest::FontTable:
+            if (ch == u';') commitFont();
+            else if (fontNumber_ >= 0 && font_.name.size() < 128) font_.name.append(ch);
+            return;
+        case Dest::Text: break;
         }
-        if (g.para.inTable || table_) placeForTable(g.para);
-        if (pendingBlock_) {
-            flush();
-            newBlock();
-            pendingBlock_ = false;
-        }
+        beginContent(g.para);
         if (!bookmark_.isEmpty()) {
             // A bookmark names the character that follows it, so that a link to "#name" can be scrolled to.
             flush();
@@ -465,20 +516,132 @@ private:
             lastTextPara_ = g.para;
             paraDirty_ = false;
         }
+        if (++blockChars_ >= kHardBreak || (blockChars_ >= kSoftBreak && ch == u' ')) splitParagraph();
+    }
+
+    // Where content goes: into the table cell it belongs to, and into a new paragraph after a \par.
+    void beginContent(const ParaProps& para) {
+        if (para.inTable || table_) placeForTable(para);
+        if (pendingBlock_) {
+            flush();
+            newBlock();
+            pendingBlock_ = false;
+        }
+        emptyParagraphs_ = 0;
+        replaceable_ = false;
     }
 
     // Ends the paragraph: it takes the paragraph properties in force at its \par. The next block is made
     // only when more text comes, so a closing \par leaves no empty paragraph behind.
     void paragraph() {
         if (skipping() || top().dest != Dest::Text) return;
+        if (pendingBlock_ && !table_) {
+            if (emptyParagraphs_ >= kMaxEmptyParagraphs) return;
+            ++emptyParagraphs_;
+        }
         if (top().para.inTable || table_) placeForTable(top().para);
         if (pendingBlock_) {
             flush();
             newBlock();
         }
         flush();
-        cursor_.setBlockFormat(blockFormat(top().para));
+        cursor_.setBlockFormat(pieceFormat(top().para, true));
         pendingBlock_ = true;
+        replaceable_ = false;
+    }
+
+    // Ends a piece of a long paragraph in the middle: no space below it, none above the next piece and no
+    // first-line indent on it, so the pieces read as one paragraph.
+    void splitParagraph() {
+        flush();
+        cursor_.setBlockFormat(pieceFormat(top().para, false));
+        newBlock();
+        continuing_ = true;
+    }
+
+    const QTextBlockFormat& pieceFormat(const ParaProps& para, bool last) {
+        if (!continuing_ && last) return blockFormat(para);
+        ParaProps piece = para;
+        if (continuing_) piece.before = piece.first = 0;
+        if (!last) piece.after = 0;
+        return blockFormat(piece);
+    }
+
+    // Pictures. The hex run of the picture's group is its bytes; anything else in it is passed over.
+    void pictureData() {
+        while (p_ < end_) {
+            const char c = *p_;
+            if (c == '{' || c == '}' || c == '\\') return;
+            ++p_;
+            const int v = hexValue(c);
+            if (v < 0) continue;
+            if (nibble_ < 0) {
+                nibble_ = v;
+            } else {
+                picture_.data.append(char(nibble_ * 16 + v));
+                nibble_ = -1;
+            }
+        }
+    }
+
+    // Hex digits at p_, across line ends. A long run is dropped whole; a short one is text, and is not
+    // looked at again.
+    bool skipStrayHex() {
+        const char* q = p_;
+        int digits = 0;
+        while (q < end_ && (hexValue(*q) >= 0 || *q == '\r' || *q == '\n')) {
+            digits += *q != '\r' && *q != '\n';
+            ++q;
+        }
+        if (digits < kStrayHexRun) {
+            hexClearUntil_ = q;
+            return false;
+        }
+        p_ = q;
+        return true;
+    }
+
+    // At the end of a \pict group. A \nonshppict picture only replaces the placeholder of the metafile
+    // just before it; any other picture goes in where it stands.
+    void finishPicture() {
+        const Wrap wrap = pictureWrap_;
+        pictureDepth_ = 0;
+        const Picture picture = decodePicture(picture_);
+        picture_ = PictureProps{};
+        if (wrap == Wrap::NonShape) {
+            if (replaceable_ && !picture.placeholder() && !picture.size.isEmpty() && run_.isEmpty() &&
+                cursor_.position() == placeholderAt_ + 1) {
+                cursor_.setPosition(placeholderAt_, QTextCursor::KeepAnchor);
+                cursor_.removeSelectedText();
+                insertPicture(picture);
+            }
+            replaceable_ = false;
+            return;
+        }
+        if (picture.size.isEmpty()) return;
+        beginContent(top().para);
+        flush();
+        placeholderAt_ = cursor_.position();
+        insertPicture(picture);
+        replaceable_ = picture.placeholder();
+    }
+
+    void insertPicture(const Picture& picture) {
+        QString name = QStringLiteral("rtf-picture:placeholder");
+        if (!picture.placeholder()) {
+            name = QStringLiteral("rtf-picture:%1").arg(++pictures_);
+            document_.addResource(QTextDocument::ImageResource, QUrl(name), picture.image);
+        } else if (!placeholderAdded_) {
+            document_.addResource(QTextDocument::ImageResource, QUrl(name), placeholderImage());
+            placeholderAdded_ = true;
+        }
+        QTextImageFormat format;
+        format.merge(charFormat(top().chr));
+        format.setName(name);
+        format.setWidth(picture.size.width());
+        format.setHeight(picture.size.height());
+        cursor_.insertImage(format);
+        ++blockChars_;
     }
 
     // Tables. A cell or row end only marks the end; the cursor moves on when the next content comes, so
@@ -489,20 +652,26 @@ private:
             return;
         }
         if (!table_) {
-            openTable();
+            openTable(false);
         } else if (rowEnded_) {
             flush();
-            table_->appendRows(1);
-            ++row_;
-            col_ = 0;
-            widenTable(int(cellRights_.size()));
-            cursor_ = table_->cellAt(row_, 0).firstCursorPosition();
+            if (row_ + 1 >= kRowsPerTable) {
+                closeTable();
+                openTable(true);
+            } else {
+                // Rows are made in doubling batches: each batch costs Qt a pass over the table's cells.
+                if (row_ + 1 >= table_->rows()) table_->appendRows(std::min(table_->rows(), kRowsPerTable - table_->rows()));
+                ++row_;
+                col_ = 0;
+                widenTable(int(cellDefs_.size()));
+                enterCell();
+            }
         } else if (cellEnded_) {
             flush();
             if (col_ + 1 >= table_->columns()) widenTable(col_ + 2);
             if (col_ + 1 < table_->columns()) {
                 ++col_;
-                cursor_ = table_->cellAt(row_, col_).firstCursorPosition();
+                enterCell();
             } else {
                 run_.append(QChar(u'\t'));  // beyond the widest table: the cell runs on
             }
@@ -510,25 +679,26 @@ private:
         rowEnded_ = cellEnded_ = false;
     }
 
-    void openTable() {
+    // `continued`: the rows go on from the table just closed, whose last row drew its bottom line.
+    void openTable(bool continued) {
         flush();
         pendingBlock_ = false;  // Qt puts the table after the paragraph that just ended
-        const int columns = std::max<int>(1, int(cellRights_.size()));
-        QTextTableFormat format;
-        format.setBorder(1);
-        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-        format.setBorderCollapse(true);
-        format.setCellSpacing(0);
-        format.setCellPadding(4);
-        QList<QTextLength> widths;
-        int left = 0;
-        for (int right : cellRights_) {
-            widths.append(QTextLength(QTextLength::FixedLength, std::max(15, right - left) / 15.0));
-            left = right;
-        }
-        if (int(widths.size()) == columns) format.setColumnWidthConstraints(widths);
-        table_ = cursor_.insertTable(1, columns, format);
+        const int columns = std::max<int>(1, int(cellDefs_.size()));
+        table_ = cursor_.insertTable(1, columns, tableFormat(cellDefs_));
         row_ = col_ = 0;
+        continued_ = continued;
+        enterCell();
+    }
+
+    void enterCell() {
+        QTextTableCell cell = table_->cellAt(row_, col_);
+        if (col_ < int(cellDefs_.size()) && cellDefs_[col_].hasBorder()) {
+            const bool lineAbove = continued_ && row_ == 0 && col_ < int(bottoms_.size()) && bottoms_[col_];
+            cell.setFormat(cellFormat(cellDefs_[col_], lineAbove));
+        }
+        cursor_ = cell.firstCursorPosition();
+        continuing_ = false;
+        blockChars_ = 0;
     }
 
     void widenTable(int columns) {
@@ -538,10 +708,13 @@ private:
 
     void closeTable() {
         flush();
+        if (table_->rows() > row_ + 1) table_->removeRows(row_ + 1, table_->rows() - row_ - 1);  // unused batch
         cursor_ = table_->lastCursorPosition();
         cursor_.movePosition(QTextCursor::NextBlock);
         table_ = nullptr;
         pendingBlock_ = rowEnded_ = cellEnded_ = false;
+        continuing_ = false;
+        blockChars_ = 0;
     }
 
     void endCell() {
@@ -552,8 +725,24 @@ private:
         }
         placeForTable(top().para);
         flush();
+        // A cell's last paragraph has no \par: it takes its alignment, spacing and indents here.
+        if (table_ && !pendingBlock_) cursor_.setBlockFormat(pieceFormat(top().para, true));
+        if (table_) padCell();
         pendingBlock_ = false;
         cellEnded_ = true;
+        replaceable_ = false;
+    }
+
+    // Qt lays out no space above a cell's first paragraph nor below its last; the cell's padding takes it.
+    void padCell() {
+        QTextTableCell cell = table_->cellAt(row_, col_);
+        const double above = document_.findBlock(cell.firstPosition()).blockFormat().topMargin();
+        const double below = cursor_.block().blockFormat().bottomMargin();
+        if (above <= 0 && below <= 0) return;
+        QTextTableCellFormat format = cell.format().toTableCellFormat();
+        format.setTopPadding(table_->format().cellPadding() + std::max(0.0, above));
+        format.setBottomPadding(table_->format().cellPadding() + std::max(0.0, below));
+        cell.setFormat(format);
     }
 
     void endRow() {
@@ -566,6 +755,10 @@ private:
         pendingBlock_ = false;
         rowEnded_ = true;
         cellEnded_ = false;
+        replaceable_ = false;
+        bottoms_.assign(cellDefs_.size(), false);
+        for (std::size_t c = 0; c < cellDefs_.size(); ++c)
+            bottoms_[c] = cellDefs_[c].borders[Bottom].kind != BorderKind::None;
     }
 
     void flush() {
@@ -575,7 +768,11 @@ private:
     }
 
     // A new paragraph; the block format and the character format are given, so the cursor is not asked.
-    void newBlock() { cursor_.insertBlock(blockFormat_, charFormat(runProps_)); }
+    void newBlock() {
+        cursor_.insertBlock(blockFormat_, charFormat(runProps_));
+        continuing_ = false;
+        blockChars_ = 0;
+    }
 
     // Formats are kept and handed out again: a document reuses a handful of them, and the document
     // looks up a format it has seen faster than a new one.
@@ -595,13 +792,20 @@ private:
         return blockFormat_;
     }
 
-    static QTextCharFormat makeCharFormat(const CharProps& c) {
+    QTextCharFormat makeCharFormat(const CharProps& c) const {
         QTextCharFormat f;
         f.setFontWeight(c.bold ? QFont::Bold : QFont::Normal);
         f.setFontItalic(c.italic);
         f.setFontUnderline(c.underline);
         f.setFontStrikeOut(c.strike);
         f.setFontPointSize(c.halfPoints / 2.0);
+        if (const FontEntry* font = fontOf(c)) {
+            const QStringList families = familiesOf(*font);
+            if (!families.isEmpty()) {
+                f.setFontFamilies(families);
+                f.setFontStyleHint(font->family);
+            }
+        }
         if (c.vertical != 0)
             f.setVerticalAlignment(c.vertical > 0 ? QTextCharFormat::AlignSuperScript
                                                   : QTextCharFormat::AlignSubScript);
@@ -643,7 +847,7 @@ private:
     const char* p_;
     const char* end_;
     QTextCursor cursor_;
-    CodePage page_;
+    QTextDocument& document_;
     std::vector<Group> stack_;
     int overflow_ = 0;        // groups opened beyond the depth cap, passed over whole
     int skipCount_ = 0;       // fallback characters still to drop after a \uN
@@ -659,10 +863,39 @@ private:
     std::vector<std::pair<CharProps, QTextCharFormat>> charFormats_;
     ParaProps blockProps_;
     QTextBlockFormat blockFormat_ = makeBlockFormat(ParaProps{});
+    int blockChars_ = 0;       // characters in the current block
+    bool continuing_ = false;  // the current block goes on a paragraph broken for its length
+    int emptyParagraphs_ = 0;  // empty paragraphs made since the last content
+    const char* hexClearUntil_ = nullptr;  // hex digits before this were found to be text
+
+    // Fonts: the table read so far, the entry being read, and the code pages.
+    std::unordered_map<int, FontEntry> fonts_;
+    FontEntry font_;
+    int fontNumber_ = -1;
+    int deff_ = 0;
+    const CodePage* documentPage_ = &codePage1252();
+    const CodePage* runPage_ = documentPage_;
+    int pageFont_ = INT_MIN;  // the font runPage_ was looked up for
+
+    // The picture being read, and the placeholder a \nonshppict alternative may replace.
+    PictureProps picture_;
+    int pictureDepth_ = 0;  // depth of the \pict group, 0 outside one
+    Wrap pictureWrap_ = Wrap::None;
+    int nibble_ = -1;       // a hex digit waiting for its pair
+    int pictures_ = 0;
+    bool placeholderAdded_ = false;
+    bool replaceable_ = false;
+    int placeholderAt_ = 0;
+
+    // Tables.
     QTextTable* table_ = nullptr;   // the table the cursor stands in
     int row_ = 0, col_ = 0;
     bool cellEnded_ = false, rowEnded_ = false;
-    std::vector<int> cellRights_;   // \cellx of the current row definition, twips
+    bool continued_ = false;        // the table goes on from the one before it
+    std::vector<CellDef> cellDefs_; // the current row definition
+    CellDef pendingCell_;           // the cell being defined, until its \cellx
+    int borderSide_ = -1;           // the side of pendingCell_ that border words apply to
+    std::vector<bool> bottoms_;     // columns of the last ended row with a line below
 };
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QTextDocument>
 #include <QTextFrame>
 #include <QTextTable>
+#include <QTextTableCellFormat>
 
 #include <gtest/gtest.h>
 
@@ -123,6 +124,46 @@ TEST(RtfTables, CellsLandInTheirPlace) {
     }
 }
 
+// The first cell of the first table: its paragraph's alignment and left indent, its padding, and each edge
+// as style:width (T, L, B, R; "-" where there is no line).
+QString firstCell(const QTextDocument& document) {
+    for (QTextFrame* frame : document.rootFrame()->childFrames())
+        if (auto* table = qobject_cast<QTextTable*>(frame)) {
+            const QTextTableCell cell = table->cellAt(0, 0);
+            const QTextBlockFormat block = document.findBlock(cell.firstPosition()).blockFormat();
+            const QTextTableCellFormat f = cell.format().toTableCellFormat();
+            const auto edge = [](QTextFrameFormat::BorderStyle style, qreal width) {
+                return style == QTextFrameFormat::BorderStyle_None || width == 0 ? QStringLiteral("-")
+                       : QStringLiteral("%1:%2").arg(style == QTextFrameFormat::BorderStyle_Double ? "double" : "solid").arg(width);
+            };
+            return QStringLiteral("%1 li%2 pad%3/%4 %5 %6 %7 %8")
+                .arg(block.alignment() & Qt::AlignHCenter ? "centre" : block.alignment() & Qt::AlignRight ? "right" : "left")
+                .arg(block.leftMargin()).arg(f.hasProperty(QTextFormat::TableCellTopPadding) ? f.topPadding() : 4)
+                .arg(f.hasProperty(QTextFormat::TableCellBottomPadding) ? f.bottomPadding() : 4)
+                .arg(edge(f.topBorderStyle(), f.topBorder()), edge(f.leftBorderStyle(), f.leftBorder()),
+                     edge(f.bottomBorderStyle(), f.bottomBorder()), edge(f.rightBorderStyle(), f.rightBorder()));
+        }
+    return {};
+}
+
+// What a paragraph ended by \cell sets survives it; the row definition draws each edge as written.
+TEST(RtfTables, CellKeepsItsParagraphAndBorders) {
+    const std::pair<QByteArray, const char*> cases[] = {
+        {"\\cellx2000\\pard\\intbl\\qc\\li300 centred\\cell", "centre li20 pad4/4 - - - -"},
+        {"\\cellx2000\\pard\\intbl\\qr\\sb120\\sa240 right\\cell", "right li0 pad12/20 - - - -"},
+        {"\\cellx2000{\\pard\\intbl\\qc x\\par}\\pard\\intbl\\cell", "centre li0 pad4/4 - - - -"},
+        {"\\clbrdrb\\brdrdb\\brdrw10\\clbrdrt\\brdrs\\brdrw30\\clbrdrl\\brdrth\\brdrw15\\clbrdrr\\brdrnone\\cellx2000"
+         "\\pard\\intbl x\\cell",
+         "left li0 pad4/4 solid:2 solid:2 double:3 -"},
+        {"\\brdrb\\brdrs\\clbrdrt\\brdrdb\\brdrw45\\cellx2000\\pard\\intbl\\brdrt\\brdrs x\\cell", "left li0 pad4/4 double:9 - - -"},
+    };
+    for (const auto& [row, expected] : cases) {
+        QTextDocument document;
+        readRtf("{\\rtf1\\trowd" + row + "\\row}", document);
+        EXPECT_EQ(firstCell(document), QLatin1String(expected)) << row.constData();
+    }
+}
+
 // RTF written by another program (pandoc), kept as a file.
 TEST(RtfFixtures, ReadBackAsWritten) {
     QTextDocument document;
@@ -165,6 +206,9 @@ TEST(RtfRobustness, HostileInputEndsQuickly) {
         QByteArray("{\\rtf1 a\0b\\'00c}", 16),
         "{\\rtf1\\trowd" + QByteArray("\\cellx9").repeated(5000) + "\\intbl" + QByteArray("x\\cell").repeated(5000) + "}",
         "{\\rtf1\\trowd\\cellx99\\intbl " + QByteArray("x\\cell\\row").repeated(20000) + "}",
+        // Picture data whose group was damaged, and a picture cut off by the end: data, never text.
+        "{\\rtf1 before {\\pic\\pngblip " + QByteArray("89504e470d0a1a0a\r\n").repeated(20000) + "} after}",
+        "{\\rtf1 before{\\*\\shppict{\\pict\\pngblip\\picwgoal99 " + QByteArray(1 << 20, 'a'),
     };
     for (const QByteArray& bytes : hostile) {
         timer.restart();
@@ -174,6 +218,8 @@ TEST(RtfRobustness, HostileInputEndsQuickly) {
     EXPECT_EQ(read(hostile[0]), QLatin1String(" shallow"));
     EXPECT_EQ(read(hostile[3]), QLatin1String("after"));
     EXPECT_EQ(read(hostile[6]), QLatin1String("abc"));
+    EXPECT_EQ(read(hostile[9]), QLatin1String("before  after"));
+    EXPECT_EQ(read(hostile[10]), QLatin1String("before"));
 }
 
 }  // namespace documents

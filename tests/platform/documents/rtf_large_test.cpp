@@ -1,0 +1,84 @@
+#include "platform/documents/document_view.h"
+#include "platform/documents/rtf_reader.h"
+
+#include <QElapsedTimer>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
+#include <QTest>
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+namespace documents {
+
+QByteArray rowsRtf(int rows) {
+    QByteArray rtf = "{\\rtf1 ";
+    for (int r = 0; r < rows; ++r)
+        rtf += "\\trowd\\clbrdrb\\brdrs\\cellx1000\\cellx3000\\cellx4000\\pard\\intbl " + QByteArray::number(r) +
+               "\\cell goods\\cell 4\\cell\\row ";
+    return rtf + "\\pard end\\par}";
+}
+
+QByteArray wordsRtf(int bytes) {
+    QByteArray rtf = "{\\rtf1 ";
+    while (rtf.size() < bytes) rtf += "every dealer shall pay the tax ";
+    return rtf + "}";
+}
+
+// Large documents keep every character, in pieces the view can lay out as it goes: tables of at most 100
+// rows, blocks of at most 16,384 characters, at most 100 empty paragraphs in a row.
+TEST(RtfLarge, ReadInBoundedPiecesWithEveryCharacter) {
+    QString rows;
+    for (int r = 0; r < 1010; ++r) rows += QStringLiteral("%1goods4").arg(r);
+    const struct { QByteArray rtf; QString text; int longestBlock, blocks, tableRows; } cases[] = {
+        {rowsRtf(1010), rows + "end", 10, 3045, 1010},
+        {wordsRtf(256 << 10), QString::fromLatin1(wordsRtf(256 << 10).mid(7).chopped(1)), 16384, 70, 0},
+        {"{\\rtf1 " + QByteArray(100000, 'x') + "}", QString(100000, 'x'), 16384, 7, 0},
+        {"{\\rtf1 a" + QByteArray("\\par ").repeated(1000000) + "b}", "ab", 1, 102, 0},
+    };
+    for (const auto& c : cases) {
+        QTextDocument document;
+        QElapsedTimer timer;
+        timer.start();
+        readRtf(c.rtf, document);
+        EXPECT_LT(timer.elapsed(), 5000);  // tens of seconds when a piece grows with the document
+        QString text;
+        int longest = 0;
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+            text += block.text();
+            longest = std::max(longest, block.length() - 1);
+        }
+        EXPECT_EQ(text, c.text);
+        EXPECT_LE(longest, c.longestBlock);
+        EXPECT_LE(document.blockCount(), c.blocks);
+        int tableRows = 0;
+        for (QTextFrame* table : document.rootFrame()->childFrames()) {
+            EXPECT_LE(qobject_cast<QTextTable*>(table)->rows(), 100);
+            tableRows += qobject_cast<QTextTable*>(table)->rows();
+        }
+        EXPECT_EQ(tableRows, c.tableRows);
+    }
+}
+
+// The view shows the first page of a table of 20,000 rows and of a paragraph of 3 MB at once.
+TEST(RtfLarge, ViewShowsTheFirstPageAtOnce) {
+    const std::pair<QByteArray, const char*> cases[] = {{rowsRtf(20000), "0"}, {wordsRtf(3 << 20), "every"}};
+    for (const auto& [rtf, first] : cases) {
+        DocumentView view;
+        view.resize(800, 600);
+        view.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+        QElapsedTimer timer;
+        timer.start();
+        view.setDocument(rtf);
+        view.repaint();
+        EXPECT_LT(timer.elapsed(), 5000);  // tens of seconds when a piece grows with the document
+        EXPECT_EQ(view.textBrowser()->cursorForPosition({20, 20}).block().text().left(5), QLatin1String(first));
+    }
+}
+
+}  // namespace documents
