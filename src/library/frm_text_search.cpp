@@ -88,6 +88,9 @@ frmTextSearch::frmTextSearch()
     lstResults->setSpacing(1);
     lstResults->setWordWrap(true);
     lstResults->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    // A light mark for the chosen result, so that its words stay as readable as the others'.
+    lstResults->setStyleSheet(QStringLiteral("QListWidget::item:selected { background: #d7e6f5; "
+                                             "border-left: 3px solid #1f4e79; }"));
 
     auto* top = new QHBoxLayout;
     top->addWidget(new QLabel(QStringLiteral("Search:"), this));

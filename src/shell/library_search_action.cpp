@@ -51,6 +51,7 @@ QAction* addLibrarySearch(QToolBar* toolbar) {
             window->activateWindow();
         });
     });
+    toolbar->addSeparator();
     toolbar->addAction(search);
     return search;
 }

@@ -31,14 +31,27 @@ namespace store {
 
 namespace {
 
-// One text being split: its words, with their places as UTF-8 byte offsets of the input.
+// One text being split. Runs of ASCII letters and digits, nearly all of an English text, are cut and
+// lower-cased straight from the UTF-8 bytes; a run that holds any other character goes through
+// basic::splitWords, whose words wait in `pending` with their byte offsets.
 struct WordCursor {
     sqlite3_tokenizer_cursor base;
-    std::vector<basic::Word> words;
-    std::vector<int> byteAt;  // UTF-8 offset of each UTF-16 unit, and one past the end
-    size_t next = 0;
+    const unsigned char* input = nullptr;
+    int bytes = 0;
+    int at = 0;
+    int position = 0;
+    struct Pending {
+        QByteArray token;
+        int start, end;
+    };
+    std::vector<Pending> pending;
+    size_t nextPending = 0;
     QByteArray token;
 };
+
+bool asciiWordByte(unsigned char b) {
+    return (b >= '0' && b <= '9') || (b >= 'a' && b <= 'z') || (b >= 'A' && b <= 'Z');
+}
 
 int create(int, const char* const*, sqlite3_tokenizer** tokenizer) {
     *tokenizer = new sqlite3_tokenizer{};
@@ -52,16 +65,8 @@ int destroy(sqlite3_tokenizer* tokenizer) {
 
 int open(sqlite3_tokenizer*, const char* input, int bytes, sqlite3_tokenizer_cursor** cursor) {
     auto* c = new WordCursor{};
-    const QString text = QString::fromUtf8(input, bytes < 0 ? qsizetype(std::strlen(input)) : bytes);
-    c->byteAt.reserve(size_t(text.size()) + 1);
-    int offset = 0;
-    for (const QChar ch : text) {
-        c->byteAt.push_back(offset);
-        const char16_t u = ch.unicode();
-        offset += u < 0x80 ? 1 : u < 0x800 ? 2 : ch.isHighSurrogate() ? 4 : ch.isLowSurrogate() ? 0 : 3;
-    }
-    c->byteAt.push_back(offset);
-    c->words = basic::splitWords(text);
+    c->input = reinterpret_cast<const unsigned char*>(input);
+    c->bytes = bytes < 0 ? int(std::strlen(input)) : bytes;
     *cursor = &c->base;
     return SQLITE_OK;
 }
@@ -71,16 +76,57 @@ int close(sqlite3_tokenizer_cursor* cursor) {
     return SQLITE_OK;
 }
 
+// The words of a run that holds other characters than ASCII, with their offsets in the input.
+void splitRun(WordCursor* c, int start, int end) {
+    const QString run = QString::fromUtf8(reinterpret_cast<const char*>(c->input + start), end - start);
+    std::vector<int> byteAt;
+    byteAt.reserve(size_t(run.size()) + 1);
+    int offset = start;
+    for (const QChar ch : run) {
+        byteAt.push_back(offset);
+        const char16_t u = ch.unicode();
+        offset += u < 0x80 ? 1 : u < 0x800 ? 2 : ch.isHighSurrogate() ? 4 : ch.isLowSurrogate() ? 0 : 3;
+    }
+    byteAt.push_back(offset);
+    c->pending.clear();
+    c->nextPending = 0;
+    for (const basic::Word& w : basic::splitWords(run))
+        c->pending.push_back({w.folded.toUtf8(), byteAt[size_t(w.position)], byteAt[size_t(w.position + w.length)]});
+}
+
 int next(sqlite3_tokenizer_cursor* cursor, const char** token, int* bytes, int* start, int* end, int* position) {
     auto* c = reinterpret_cast<WordCursor*>(cursor);
-    if (c->next >= c->words.size()) return SQLITE_DONE;
-    const basic::Word& w = c->words[c->next];
-    c->token = w.folded.toUtf8();
-    *token = c->token.constData();
-    *bytes = int(c->token.size());
-    *start = c->byteAt[size_t(w.position)];
-    *end = c->byteAt[size_t(w.position + w.length)];
-    *position = int(c->next++);
+    while (c->nextPending >= c->pending.size()) {
+        while (c->at < c->bytes && c->input[c->at] < 0x80 && !asciiWordByte(c->input[c->at])) ++c->at;
+        if (c->at >= c->bytes) return SQLITE_DONE;
+        const int from = c->at;
+        bool ascii = true;
+        while (c->at < c->bytes && (c->input[c->at] >= 0x80 || asciiWordByte(c->input[c->at]))) {
+            ascii = ascii && c->input[c->at] < 0x80;
+            ++c->at;
+        }
+        if (!ascii) {
+            splitRun(c, from, c->at);
+            continue;
+        }
+        c->token.resize(c->at - from);
+        for (int i = from; i < c->at; ++i) {
+            const unsigned char b = c->input[i];
+            c->token[i - from] = char(b >= 'A' && b <= 'Z' ? b + ('a' - 'A') : b);
+        }
+        *token = c->token.constData();
+        *bytes = int(c->token.size());
+        *start = from;
+        *end = c->at;
+        *position = c->position++;
+        return SQLITE_OK;
+    }
+    const WordCursor::Pending& w = c->pending[c->nextPending++];
+    *token = w.token.constData();
+    *bytes = int(w.token.size());
+    *start = w.start;
+    *end = w.end;
+    *position = c->position++;
     return SQLITE_OK;
 }
 

@@ -50,56 +50,79 @@ bool TextIndex::hasTable(const QString& table) const {
     return found;
 }
 
+namespace {
+
+// Runs a statement to its end, handing each row to `row`; an interrupt is error 287, any other failure
+// the database's own error.
+template <class Row>
+void runStatement(sqlite3* db, const QString& sql, const std::vector<QByteArray>& parameters, Row row) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
+        throw databaseError(db);
+    for (size_t i = 0; i < parameters.size(); ++i)
+        if (!parameters[i].isNull())
+            sqlite3_bind_text(statement, int(i) + 1, parameters[i].constData(), int(parameters[i].size()),
+                              SQLITE_STATIC);
+    int rc;
+    while ((rc = sqlite3_step(statement)) == SQLITE_ROW) row(statement);
+    if (rc != SQLITE_DONE) {
+        const basic::RuntimeError error =
+            rc == SQLITE_INTERRUPT
+                ? basic::RuntimeError(287, QStringLiteral("Operation cancelled"), QStringLiteral("Vorlan store"))
+                : databaseError(db);
+        sqlite3_finalize(statement);
+        throw error;
+    }
+    sqlite3_finalize(statement);
+}
+
+}  // namespace
+
 std::vector<TextHit> TextIndex::search(const TextSearch& s, const TextQuery& query) const {
     if (!query.searchable()) return {};
     const QString table = quotedName(s.table);
     QStringList weights;
     for (double w : s.weights) weights << QString::number(w);
-    QStringList columns;
-    for (const QString& c : s.columns) columns << table + u'.' + quotedName(c);
+    const QByteArray match = query.matchExpression().toUtf8(), exclusion = query.exclusionExpression().toUtf8();
     const bool filtered = !s.filterColumn.isEmpty() && !s.filterValue.isEmpty();
-    const QByteArray exclusion = query.exclusionExpression().toUtf8();
-    const bool excluded = !exclusion.isEmpty();
-    // Ranking every hit is cheap; snippets are dear, so only the best rows get one.
-    const QString sql =
-        QStringLiteral("SELECT %1, snippet(%2, char(2), char(3), '…', %3, %4), best.score FROM %2 JOIN "
-                       "(SELECT docid AS id, vorlan_bm25(matchinfo(%2, 'pcnalx')%5) AS score FROM %2 "
-                       "WHERE %2 MATCH ?1%6%7 ORDER BY score DESC, docid LIMIT %8) AS best ON %2.docid = best.id "
-                       "WHERE %2 MATCH ?1 ORDER BY best.score DESC, %2.docid")
-            .arg(columns.join(QStringLiteral(", ")), table)
-            .arg(s.snippetColumn)
-            .arg(s.snippetWords)
-            .arg(weights.isEmpty() ? QString() : QStringLiteral(", ") + weights.join(QStringLiteral(", ")),
-                 filtered ? QStringLiteral(" AND ") + quotedName(s.filterColumn) + QStringLiteral(" = ?2") : QString(),
-                 excluded ? QStringLiteral(" AND docid NOT IN (SELECT docid FROM %1 WHERE %1 MATCH ?3)").arg(table)
-                          : QString())
-            .arg(s.limit);
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(db_, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
-        throw databaseError(db_);
-    const QByteArray match = query.matchExpression().toUtf8(), value = s.filterValue.toUtf8();
-    sqlite3_bind_text(statement, 1, match.constData(), int(match.size()), SQLITE_STATIC);
-    if (filtered) sqlite3_bind_text(statement, 2, value.constData(), int(value.size()), SQLITE_STATIC);
-    if (excluded) sqlite3_bind_text(statement, 3, exclusion.constData(), int(exclusion.size()), SQLITE_STATIC);
-    std::vector<TextHit> hits;
-    int rc;
-    while ((rc = sqlite3_step(statement)) == SQLITE_ROW) {
-        TextHit hit;
-        const int n = int(s.columns.size());
-        for (int c = 0; c < n; ++c) hit.values << textAt(statement, c);
-        hit.snippet = textAt(statement, n);
-        hit.score = sqlite3_column_double(statement, n + 1);
-        hits.push_back(std::move(hit));
-    }
-    if (rc != SQLITE_DONE) {
-        const basic::RuntimeError error = rc == SQLITE_INTERRUPT
-                                              ? basic::RuntimeError(287, QStringLiteral("Operation cancelled"),
-                                                                    QStringLiteral("Vorlan store"))
-                                              : databaseError(db_);
-        sqlite3_finalize(statement);
-        throw error;
-    }
-    sqlite3_finalize(statement);
+    const QByteArray value = filtered ? s.filterValue.toUtf8() : QByteArray();
+
+    // Ranking every hit is cheap, snippets are dear: the best rows first, then their columns and snippets.
+    std::vector<std::pair<qint64, double>> best;
+    runStatement(db_,
+                 QStringLiteral("SELECT docid, vorlan_bm25(matchinfo(%1, 'pcnalx')%2) AS score FROM %1 "
+                                "WHERE %1 MATCH ?1%3%4 ORDER BY score DESC, docid LIMIT %5")
+                     .arg(table, weights.isEmpty() ? QString() : QStringLiteral(", ") + weights.join(u','),
+                          filtered ? QStringLiteral(" AND ") + quotedName(s.filterColumn) + QStringLiteral(" = ?2")
+                                   : QString(),
+                          exclusion.isEmpty()
+                              ? QString()
+                              : QStringLiteral(" AND docid NOT IN (SELECT docid FROM %1 WHERE %1 MATCH ?3)").arg(table))
+                     .arg(s.limit),
+                 {match, value, exclusion},
+                 [&](sqlite3_stmt* st) { best.emplace_back(sqlite3_column_int64(st, 0), sqlite3_column_double(st, 1)); });
+    if (best.empty()) return {};
+
+    QStringList columns, ids;
+    for (const QString& c : s.columns) columns << quotedName(c);
+    for (const auto& [id, score] : best) ids << QString::number(id);
+    std::vector<TextHit> hits(best.size());
+    runStatement(db_,
+                 QStringLiteral("SELECT docid, snippet(%1, char(2), char(3), '…', %2, %3), %4 FROM %1 "
+                                "WHERE %1 MATCH ?1 AND docid IN (%5)")
+                     .arg(table)
+                     .arg(s.snippetColumn)
+                     .arg(s.snippetWords)
+                     .arg(columns.join(QStringLiteral(", ")), ids.join(u',')),
+                 {match}, [&](sqlite3_stmt* st) {
+                     const qint64 id = sqlite3_column_int64(st, 0);
+                     size_t at = 0;
+                     while (best[at].first != id) ++at;
+                     TextHit& hit = hits[at];
+                     hit.snippet = textAt(st, 1);
+                     for (int c = 0; c < int(s.columns.size()); ++c) hit.values << textAt(st, c + 2);
+                     hit.score = best[at].second;
+                 });
     return hits;
 }
 
