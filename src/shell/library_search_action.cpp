@@ -18,20 +18,16 @@ QIcon magnifierIcon() {
         QPainter p(&picture);
         p.setRenderHint(QPainter::Antialiasing);
         const qreal s = size / 32.0;
-        // A page of text behind the glass: the library's documents.
-        p.setPen(QPen(QColor(0x7a, 0x86, 0x94), 1.2 * s));
-        p.setBrush(QColor(0xfb, 0xfa, 0xf5));
-        p.drawRoundedRect(QRectF(2 * s, 1.5 * s, 19 * s, 24 * s), 2 * s, 2 * s);
-        p.setPen(QPen(QColor(0xa9, 0xb3, 0xbd), 1.5 * s));
-        for (int line = 0; line < 4; ++line) p.drawLine(QPointF(5 * s, (6 + 4 * line) * s), QPointF(17 * s, (6 + 4 * line) * s));
-        // The handle, then the glass over the page.
-        p.setPen(QPen(QColor(0x5b, 0x3a, 0x1e), 4.2 * s, Qt::SolidLine, Qt::RoundCap));
-        p.drawLine(QPointF(21.5 * s, 21.5 * s), QPointF(29 * s, 29 * s));
-        p.setPen(QPen(QColor(0x1f, 0x4e, 0x79), 2.6 * s));
-        p.setBrush(QColor(0xcf, 0xe4, 0xf7, 200));
-        p.drawEllipse(QPointF(15.5 * s, 15.5 * s), 8 * s, 8 * s);
-        p.setPen(QPen(QColor(255, 255, 255, 220), 1.6 * s, Qt::SolidLine, Qt::RoundCap));
-        p.drawArc(QRectF(10.5 * s, 10.5 * s, 10 * s, 10 * s), 100 * 16, 70 * 16);
+        // A large lens over three lines of words: the words of the library, not a page of it.
+        p.setPen(QPen(QColor(0xc0, 0x84, 0x1a), 5.5 * s, Qt::SolidLine, Qt::RoundCap));
+        p.drawLine(QPointF(21 * s, 21 * s), QPointF(29 * s, 29 * s));
+        p.setPen(QPen(QColor(0x1f, 0x4e, 0x79), 3 * s));
+        p.setBrush(QColor(0xe4, 0xf0, 0xfb));
+        p.drawEllipse(QPointF(13 * s, 13 * s), 10 * s, 10 * s);
+        p.setPen(QPen(QColor(0x33, 0x33, 0x33), 2 * s, Qt::SolidLine, Qt::RoundCap));
+        p.drawLine(QPointF(8 * s, 9.5 * s), QPointF(18 * s, 9.5 * s));
+        p.drawLine(QPointF(7 * s, 13.5 * s), QPointF(19 * s, 13.5 * s));
+        p.drawLine(QPointF(8 * s, 17.5 * s), QPointF(15 * s, 17.5 * s));
         p.end();
         icon.addPixmap(picture);
     }
