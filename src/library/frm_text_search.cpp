@@ -30,7 +30,8 @@ QString boldRanges(const QString& text, const std::vector<documents::TextRange>&
     QString html;
     int at = 0;
     for (const documents::TextRange& r : ranges) {
-        html += text.mid(at, r.start - at).toHtmlEscaped() + QStringLiteral("<b>") + text.mid(r.start, r.end - r.start).toHtmlEscaped() +
+        html += text.mid(at, r.start - at).toHtmlEscaped() + QStringLiteral("<b>") +
+                text.mid(r.start, r.end - r.start).toHtmlEscaped() +
                 QStringLiteral("</b>");
         at = r.end;
     }
@@ -217,7 +218,8 @@ void frmTextSearch::showResults(int generation, const std::vector<store::TextHit
     for (const store::TextHit& hit : hits_) {
         const QString title = hit.values[textTitle];
         QString facts = hit.values[textKind];
-        if (const QString date = shownDate(hit.values[textDate]); !date.isEmpty()) facts += QStringLiteral("  ·  ") + date;
+        const QString date = shownDate(hit.values[textDate]);
+        if (!date.isEmpty()) facts += QStringLiteral("  ·  ") + date;
         auto* label = new QLabel(QStringLiteral("<span style='font-size:11pt'>%1</span>&nbsp;&nbsp;&nbsp;"
                                                 "<span style='color:#5a6a7a'>%2</span><br>"
                                                 "<span style='color:#333'>%3</span>")

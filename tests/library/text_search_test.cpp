@@ -147,6 +147,21 @@ TEST_F(TextSearch, EnterOpensTheCircularAtItsHitAndCtrlFFindsTheNext) {
     EXPECT_EQ(text->textCursor().selectedText(), "Plant and machinery");
 }
 
+TEST_F(TextSearch, ResultsFollowTheTypingAndANewerQueryWins) {
+    open(true);
+    QSignalSpy searched(window, &library::frmTextSearch::Searched);
+    QTest::keyClicks(window->txtQuery, QStringLiteral("rubber"));  // no Enter: the pause starts the search
+    ASSERT_TRUE(searched.wait(5000));
+    EXPECT_EQ(window->resultKeys(), QStringList{"Kerala:4"});
+    window->txtQuery->setText("machin*");
+    window->Search();
+    window->txtQuery->setText("stock");
+    window->Search();
+    while (window->resultKeys() != QStringList{"Kerala:3"} && searched.wait(2000)) {}
+    EXPECT_EQ(window->resultKeys(), QStringList{"Kerala:3"});
+    EXPECT_FALSE(searched.wait(500)) << "the older search came back after the newer one";
+}
+
 TEST_F(TextSearch, ALibraryBuiltWithoutTheIndexOpensAndSaysSo) {
     open(false);
     EXPECT_EQ(search("credit"), "");

@@ -100,7 +100,9 @@ std::vector<TextHit> TextIndex::search(const TextSearch& s, const TextQuery& que
                               : QStringLiteral(" AND docid NOT IN (SELECT docid FROM %1 WHERE %1 MATCH ?3)").arg(table))
                      .arg(s.limit),
                  {match, value, exclusion},
-                 [&](sqlite3_stmt* st) { best.emplace_back(sqlite3_column_int64(st, 0), sqlite3_column_double(st, 1)); });
+                 [&](sqlite3_stmt* st) {
+                     best.emplace_back(sqlite3_column_int64(st, 0), sqlite3_column_double(st, 1));
+                 });
     if (best.empty()) return {};
 
     QStringList columns, ids;

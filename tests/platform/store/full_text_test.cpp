@@ -43,6 +43,7 @@ TEST_F(TextIndexTest, FindsWholeWordsAndRanksTitlesFirst) {
         {"title", "Input tax credit", "Credit of the tax paid on goods bought for resale."},
         {"malayalam", "കൈത്തറി", "കൈത്തറി തുണിത്തരങ്ങൾക്ക് നികുതി ഇളവ് അനുവദിക്കുന്നു."},
         {"consonants", "Split", "നിക ത, the consonants of that word with no vowel signs."},
+        {"dash", "Dashes", "Goods—exempt from tax; a naïve café."},
     };
     for (const auto& r : rows)
         cn.Execute(QStringLiteral("INSERT INTO Words VALUES ('%1', '%2', '%3')").arg(r[0], r[1], r[2]));
@@ -55,6 +56,7 @@ TEST_F(TextIndexTest, FindsWholeWordsAndRanksTitlesFirst) {
         {"input credit", "title body", "\x02" "Credit\x03 of the tax paid on goods bought for resale."},
         {"നികുതി", "malayalam", "കൈത്തറി തുണിത്തരങ്ങൾക്ക് \x02നികുതി\x03 ഇളവ് അനുവദിക്കുന്നു."},
         {"ഇളവ്", "malayalam", "കൈത്തറി തുണിത്തരങ്ങൾക്ക് നികുതി \x02ഇളവ്\x03 അനുവദിക്കുന്നു."},
+        {"exempt NAÏVE", "dash", "Goods—\x02" "exempt\x03 from tax; a \x02naïve\x03 café."},
     };
     for (const Case& c : cases) {
         QStringList keys;

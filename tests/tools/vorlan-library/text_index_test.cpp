@@ -19,8 +19,10 @@ TEST(TextIndex, HoldsEachDocumentOnceWithItsKindAndDate)
 {
     const QString sql = "SELECT title, kind, date FROM LibraryText WHERE key = ?";
     const struct { QString key, title, kind, date; } cases[] = {
-        {"Kerala:300", "Circular 18/2009 — Input tax credit on capital goods used partly for exempted sales", "Circular", "2009-07-14"},
-        {"Kerala:301", "Circular 7/2010 — Stock transfer of goods to branches outside the State", "Circular", "2010-03-02"},
+        {"Kerala:300", "Circular 18/2009 — Input tax credit on capital goods used partly for exempted sales",
+         "Circular", "2009-07-14"},
+        {"Kerala:301", "Circular 7/2010 — Stock transfer of goods to branches outside the State", "Circular",
+         "2010-03-02"},
         {"Kerala:303", "സർക്കുലർ 5/2012 — ചെറുകിട വ്യാപാരികളുടെ രജിസ്ട്രേഷൻ", "Circular", "2012-02-10"},
         {"Kerala:306", "എസ്.ആർ.ഒ 75/2013 — കൈത്തറി തുണിത്തരങ്ങൾക്ക് നികുതി ഇളവ്", "Notification", "2013-01-15"},
         {"Kerala:43", "THE KERALA TAX ON LUXURIES RULES 1976", "Rules", ""},
@@ -36,7 +38,8 @@ TEST(TextIndex, HoldsEachDocumentOnceWithItsKindAndDate)
     const QString dir = sampleLibrary();
     for (const auto& c : cases) {
         const auto rows = query(dir, kFile1, sql, {c.key});
-        const QString got = rows.empty() ? QString() : rows[0][0].toString() + '|' + rows[0][1].toString() + '|' + rows[0][2].toString();
+        const QString got = rows.empty() ? QString()
+                                         : rows[0][0].toString() + '|' + rows[0][1].toString() + '|' + rows[0][2].toString();
         EXPECT_EQ(got, c.title.isEmpty() ? QString() : c.title + '|' + c.kind + '|' + c.date) << c.key.toStdString();
     }
     const auto byWord = query(dir, kFile1, "SELECT key FROM LibraryText WHERE LibraryText MATCH 'boiler'");
@@ -63,7 +66,8 @@ TEST(TextIndex, ReadsTheTextLayerOfAPdf)
     painter.end();
 
     ASSERT_EQ(build({"--source", source, "--out", work.filePath("out")}), 0);
-    const auto rows = query(work.filePath("out"), kFile1, "SELECT key, kind FROM LibraryText WHERE LibraryText MATCH 'centrifuged latex'");
+    const auto rows =
+        query(work.filePath("out"), kFile1, "SELECT key, kind FROM LibraryText WHERE LibraryText MATCH 'centrifuged latex'");
     ASSERT_EQ(rows.size(), 1u);
     EXPECT_EQ(rows[0][0].toString() + ' ' + rows[0][1].toString(), "Kerala:400 Notification");
 }
