@@ -66,6 +66,10 @@ FindBar::FindBar(DocumentView* view)
     connect(previous, &QToolButton::clicked, this, [this] { findPrevious(); });
     connect(next, &QToolButton::clicked, this, [this] { findNext(); });
     connect(closer, &QToolButton::clicked, this, [this] { close(); });
+    // Another document in the view: its hits, not the last one's.
+    connect(view->textBrowser(), &QTextEdit::textChanged, this, [this] {
+        if (isVisible()) find();
+    });
     field->installEventFilter(this);
     view->installEventFilter(this);
 }
