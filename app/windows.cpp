@@ -3,6 +3,7 @@
 #include "housekeeping/frm_back_up_restore.h"
 #include "library/central.h"
 #include "library/frm_kerala.h"
+#include "library/frm_text_search.h"
 #include "library/keralaforms.h"
 #include "platform/forms/window_registry.h"
 #include "returns/frm_normal.h"
@@ -18,6 +19,7 @@ void defineWindows() {
     forms::define(QStringLiteral("keralaforms"), [] { return new library::keralaforms; });
     forms::define(QStringLiteral("GlobalDisplay"), [] { return new library::GlobalDisplay; });
     forms::define(QStringLiteral("central"), [] { return new library::central; });
+    forms::define(QStringLiteral("frmTextSearch"), [] { return new library::frmTextSearch; });
     forms::define(QStringLiteral("frmBackUpRestore"), [] { return new housekeeping::frmBackUpRestore; });
     forms::define(QStringLiteral("frmNormal"), [] { return new returns::frmNormal; });
     forms::define(QStringLiteral("frmSelect"), [] { return new returns::frmSelect; });

@@ -20,6 +20,7 @@
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
 #include "platform/forms/window_update.h"
+#include "shell/library_search_action.h"
 #include "shell/my_mod.h"
 
 namespace library {
@@ -144,6 +145,7 @@ void frmkerala::buildControls() {
     auto rules = Toolbar2->Buttons(QStringLiteral("rul")).ButtonMenus();
     rules.Add(QStringLiteral("CP"), QStringLiteral("Cash Payment"));
     rules.Add(QStringLiteral("BP"), QStringLiteral("Bank Payment"));
+    shell::addLibrarySearch(Toolbar2);
     place(Toolbar2, 0, 0, 13650, kToolbarHeight);
 
     StatusBar1 = new forms::StatusBar(1, this);

@@ -12,6 +12,7 @@
 #include "platform/store/recordset.h"
 #include "platform/system/shutdown.h"
 #include "platform/system/text_editor.h"
+#include "shell/library_search_action.h"
 #include "shell/my_mod.h"
 
 #include <QApplication>
@@ -137,6 +138,7 @@ main::main() {
         forms::ToolbarButton button = Toolbar2->Buttons.Add(QString::fromLatin1(b.key), QString::fromLatin1(b.caption), image++);
         if (b.tip) button.setToolTipText(QString::fromLatin1(b.tip));
     }
+    addLibrarySearch(Toolbar2);
 
     forms::wire(Tvw, &forms::TreeView::Click, this, [this] { Tvw_Click(); });
     forms::wire(Tvw, &forms::TreeView::DblClick, this, [this] { Tvw_DblClick(); });

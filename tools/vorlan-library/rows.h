@@ -14,6 +14,7 @@ using Value = std::variant<std::monostate, qint64, double, QString, QByteArray>;
 struct Row {
     QString origin;  // "<file>:<line>", or a generated row's description
     std::vector<Value> values;
+    QString document;  // the file its document came from, for messages; empty when none
 };
 
 struct TableRows {

@@ -95,10 +95,13 @@ TableRows readTable(const QString& path, const Table& table, const QString& docu
             fail(where, QString("%1 fields where the header names %2 columns")
                             .arg(fields.size())
                             .arg(result.columns.size()));
-        Row row{where, {}};
+        Row row{where, {}, {}};
         row.values.reserve(fields.size());
-        for (qsizetype c = 0; c < fields.size(); ++c)
+        for (qsizetype c = 0; c < fields.size(); ++c) {
             row.values.push_back(convert(fields[c], *columns[c], documentDir, where));
+            if (columns[c]->type == ColumnType::LongBinary)
+                row.document = fields[c];
+        }
         result.rows.push_back(std::move(row));
     }
     return result;

@@ -21,7 +21,7 @@ QString number(int i)
 
 Row row(const QString& origin, std::vector<Value> values)
 {
-    return Row{origin, std::move(values)};
+    return Row{origin, std::move(values), {}};
 }
 
 }  // namespace

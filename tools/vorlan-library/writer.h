@@ -6,7 +6,9 @@
 
 namespace libbuilder {
 
-// Throws BuildError; then no temporary file remains and no library file has changed.
-void writeLibrary(const std::vector<TableRows>& tables, const QString& outDir);
+// With `withText`, the first file also gets the text index of every document (text_index.h); a library
+// without it is what an older builder made. Throws BuildError; then no temporary file remains and no
+// library file has changed.
+void writeLibrary(const std::vector<TableRows>& tables, const QString& outDir, bool withText = true);
 
 }  // namespace libbuilder

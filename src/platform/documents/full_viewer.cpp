@@ -1,6 +1,7 @@
 #include "platform/documents/full_viewer.h"
 
 #include "platform/documents/document_view.h"
+#include "platform/documents/find_bar.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,6 +22,7 @@ FullViewer::FullViewer() : QWidget(nullptr, Qt::Window), view_(new DocumentView(
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view_);
     connect(view_, &DocumentView::linkActivated, this, &FullViewer::followLink);
+    FindBar::attach(view_);
 }
 
 FullViewer* FullViewer::instance() {

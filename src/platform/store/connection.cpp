@@ -59,7 +59,7 @@ void openWith(const std::shared_ptr<detail::ConnectionData>& d, const QString& c
     const QString path = databasePath(c.connectionString);
     if (path.isEmpty())
         throw providerError(QStringLiteral("Data source name not found and no default driver specified"));
-    const QString key = parseConnectionString(c.connectionString).value(QStringLiteral("PWD"));
+    const QString key = databaseKey(c.connectionString);
     c.database = detail::Database::acquire(path, key, create, c.mode == Connection::adModeRead);
 }
 
@@ -74,6 +74,10 @@ void OpenAhead(const QString& connectionString, int mode) {
 
 QString databasePath(const QString& connectionString) {
     return parseConnectionString(connectionString).value(QStringLiteral("DBQ")).replace(u'\\', u'/');
+}
+
+QString databaseKey(const QString& connectionString) {
+    return parseConnectionString(connectionString).value(QStringLiteral("PWD"));
 }
 
 namespace detail {

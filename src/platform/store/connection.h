@@ -60,5 +60,7 @@ void OpenAhead(const QString& connectionString, int mode = Connection::adModeRea
 
 // The path of "Dbq=" with "\" read as "/": the one place where the system's separators are mapped.
 QString databasePath(const QString& connectionString);
+// The key of "Pwd=", empty when there is none.
+QString databaseKey(const QString& connectionString);
 
 }  // namespace store

@@ -1,5 +1,7 @@
 #include "platform/store/sql_functions.h"
 
+#include "platform/store/full_text.h"
+
 #include <QString>
 #include <sqlite3.h>
 
@@ -204,6 +206,7 @@ void registerSqlFunctions(sqlite3* db) {
     for (const Entry& e : entries)
         sqlite3_create_function_v2(db, e.name, e.args, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, e.fn,
                                    nullptr, nullptr, nullptr);
+    registerFullText(db);
 }
 
 }  // namespace store

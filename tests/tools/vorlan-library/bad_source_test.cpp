@@ -43,6 +43,9 @@ TEST(BadSources, StopTheBuildNamingFileAndLineAndChangeNothing)
         {"Allshedule.tsv", "\tk\tschedule-third.rtf", "\tschedule-third.rtf", "3 fields where the header names 4 columns"},
         {"Keralafields.tsv", "RJudjmentSection", "RJudgmentSection", "unknown column 'RJudgmentSection'"},
         {"CAPractice.tsv", "\t15.5\t", "\tfifteen\t", "column Weight wants a number"},
+        // Documents whose text cannot be read for the text index.
+        {"Kerala.tsv", "sro-82-2006.txt", "damaged.pdf", "document 'damaged.pdf' cannot be read: a PDF that cannot"},
+        {"Globalvat.tsv", "coconut-traders.rtf", "picture.txt", "document 'picture.txt' cannot be read: neither RTF"},
         // Found only while the last file is written, after the first two are complete.
         {"CAPractice.tsv", "4\tX\tNote", "3\tX\tNote", "UNIQUE constraint failed: CAPractice.ID"},
     };
@@ -50,6 +53,12 @@ TEST(BadSources, StopTheBuildNamingFileAndLineAndChangeNothing)
         QTemporaryDir work;
         const QString source = work.filePath("library"), good = work.filePath("good"), empty = work.filePath("empty");
         copyTree(kSource, source);
+        for (const auto& [name, bytes] : {std::pair{"damaged.pdf", QByteArray("%PDF-1.4\n1 0 obj garbage")},
+                                          std::pair{"picture.txt", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16)}}) {
+            QFile document(source + "/documents/" + name);
+            ASSERT_TRUE(document.open(QIODevice::WriteOnly));
+            document.write(bytes);
+        }
         QFile file(source + '/' + c.file);
         ASSERT_TRUE(file.open(QIODevice::ReadWrite));
         QString text = QString::fromUtf8(file.readAll());

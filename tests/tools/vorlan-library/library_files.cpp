@@ -1,6 +1,8 @@
 #include "library_files.h"
 
 #include "cli.h"
+#include "platform/store/full_text.h"
+#include "support/qt_app.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,6 +19,7 @@ namespace libtest {
 
 int build(const QStringList& arguments, QString* err)
 {
+    ensureApp();  // the builder lays documents out to read their text
     QString messages;
     QTextStream stream(&messages);
     const int code = libbuilder::run(arguments, stream);
@@ -56,6 +59,7 @@ struct Db {
         sqlite3_open_v2(QFile::encodeName(path).constData(), &db, SQLITE_OPEN_READONLY, nullptr);
         if (!password.isEmpty())
             run("PRAGMA key = '" + QString(password).replace('\'', "''") + "'", {});
+        store::registerFullText(db);
     }
     ~Db() { sqlite3_close_v2(db); }
     std::vector<QVariantList> run(const QString& sql, const QVariantList& parameters)
