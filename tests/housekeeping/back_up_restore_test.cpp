@@ -10,6 +10,7 @@
 #include "returns/return_schema.h"
 #include "support/printers.h"
 #include "support/qt_app.h"
+#include "support/screens.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -167,8 +168,7 @@ TEST_F(BackUpRestore, InterruptedBackupLeavesTheOldOneWhole) {
     EXPECT_EQ(bytes(backup("c", "nwForm10DB.mdb")), "old returns");
     EXPECT_EQ(QDir(backup("c")).entryList(QDir::Files | QDir::Hidden).size(), 2);
     EXPECT_EQ(boxes.boxes(), (Boxes{{"Disk full", 0, "Vorlan"}}));
-    const bool forReadme = qEnvironmentVariableIsSet("VORLAN_SCREENS");
-    EXPECT_TRUE(w.grab().save((forReadme ? VORLAN_SOURCE_DIR "/docs/screens" : QDir::tempPath()) + "/frmBackUpRestore.png"));
+    EXPECT_TRUE(w.grab().save(screen("frmBackUpRestore.png")));
 }
 
 // The label shows for three ticks and hides for one; a button is yellow while it has the focus.
