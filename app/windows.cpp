@@ -4,6 +4,7 @@
 #include "library/central.h"
 #include "library/frm_kerala.h"
 #include "library/keralaforms.h"
+#include "platform/forms/text_editor_window.h"
 #include "platform/forms/window_registry.h"
 #include "returns/frm_normal.h"
 #include "returns/frm_select.h"
@@ -27,6 +28,7 @@ void defineWindows() {
     forms::define(QStringLiteral("ack"), [] { return new shell::ack; });
     forms::define(QStringLiteral("Dealers"), [] { return new shell::Dealers; });
     forms::define(QStringLiteral("frmca"), [] { return new shell::frmca; });
+    forms::define(QStringLiteral("Notepad"), [] { return new forms::TextEditorWindow; });
 }
 
 }  // namespace app
