@@ -28,6 +28,10 @@ void defineWindows() {
     forms::define(QStringLiteral("ack"), [] { return new shell::ack; });
     forms::define(QStringLiteral("Dealers"), [] { return new shell::Dealers; });
     forms::define(QStringLiteral("frmca"), [] { return new shell::frmca; });
+    forms::define(QStringLiteral("release"), [] { return new shell::release; });
+    forms::define(QStringLiteral("frmalied"), [] { return new shell::frmalied; });
+    forms::define(QStringLiteral("formsform"), [] { return new shell::formsform; });
+    forms::define(QStringLiteral("frmaliedcommon"), [] { return new shell::frmaliedcommon; });
     forms::define(QStringLiteral("Notepad"), [] { return new forms::TextEditorWindow; });
 }
 

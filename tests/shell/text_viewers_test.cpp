@@ -89,3 +89,33 @@ TEST_F(TextViewers, PrintBackAndResize) {
     EXPECT_LE(h->Picture4->x() + h->Picture4->width(), h->width() + 1);
     EXPECT_EQ(h->Picture1->x(), 0);
 }
+
+// The windows of the family that nothing opens yet: caption, maximising, and what Print and Back do.
+TEST_F(TextViewers, SpareViewersShowAsDesigned) {
+    const QString unset = "Run-time error '91':\n\nObject variable or With block variable not set";
+    const struct { const char* name; const char* caption; bool maximised, browser; QString print, back; } cases[] = {
+        {"release", "", true, false, "", ""},
+        {"frmalied", "Tam ALieds", true, true, unset, unset},
+        {"formsform", "Form1", false, true, "", ""},
+        {"frmaliedcommon", "Form1", false, false, "", ""},
+    };
+    forms::define("release", [] { return new shell::release; });
+    forms::define("frmalied", [] { return new shell::frmalied; });
+    forms::define("formsform", [] { return new shell::formsform; });
+    forms::define("frmaliedcommon", [] { return new shell::frmaliedcommon; });
+    for (const auto& c : cases) {
+        QWidget* w = forms::get(c.name);
+        w->show();
+        EXPECT_EQ(w->windowTitle(), c.caption) << c.name;
+        EXPECT_EQ(bool(w->windowState() & Qt::WindowMaximized), c.maximised) << c.name;
+        EXPECT_EQ(w->findChild<QTextBrowser*>() != nullptr, c.browser) << c.name;
+        for (const auto& [text, box] : {std::pair{"Print", c.print}, {"Back", c.back}}) {
+            forms::MsgBoxRecorder boxes;
+            for (QLabel* l : w->findChildren<QLabel*>())
+                if (l->text() == text) QTest::mouseClick(l, Qt::LeftButton);
+            ASSERT_LE(boxes.boxes().size(), 1u) << c.name << text;
+            EXPECT_EQ(boxes.boxes().empty() ? QString() : boxes.boxes()[0].text, box) << c.name << text;
+        }
+        EXPECT_EQ(w->isVisible(), c.back.isEmpty()) << c.name;   // Back hides before it fails
+    }
+}
