@@ -11,6 +11,7 @@
 #include "shell/my_mod.h"
 
 #include <QDir>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -101,6 +102,12 @@ void TextViewer::showEvent(QShowEvent* event) {
         Form_Load();
     }
     QWidget::showEvent(event);
+}
+
+void TextViewer::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) forms::guard([this] { Picture4_Click(); });
+    else if (event->matches(QKeySequence::Print)) forms::guard([this] { Picture1_Click(); });
+    else QWidget::keyPressEvent(event);
 }
 
 bool TextViewer::eventFilter(QObject* watched, QEvent* event) {

@@ -34,6 +34,8 @@ protected:
     void printNow();
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    // From the keyboard: Esc is Back, Ctrl+P is Print.
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     virtual void Form_Load() {}
     bool loaded_ = false;

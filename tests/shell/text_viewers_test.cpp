@@ -77,9 +77,15 @@ TEST_F(TextViewers, PrintBackAndResize) {
         EXPECT_TRUE(text.readAll().contains("C A Tools"));
     }
 
-    QTest::mouseClick(h->Picture4, Qt::LeftButton);
-    EXPECT_FALSE(h->isVisible());
-    EXPECT_TRUE(forms::get("main")->isVisible());
+    QTest::keyClick(ca->RichTextBox1, Qt::Key_P, Qt::ControlModifier);   // Print from the keyboard
+    EXPECT_EQ(asked, 2);
+    for (const bool byKey : {false, true}) {   // Back, by the picture and by Esc
+        h->show();
+        forms::get("main")->hide();
+        byKey ? QTest::keyClick(h->RichTextBox1, Qt::Key_Escape) : QTest::mouseClick(h->Picture4, Qt::LeftButton);
+        EXPECT_FALSE(h->isVisible());
+        EXPECT_TRUE(forms::get("main")->isVisible());
+    }
 
     h->setWindowState(Qt::WindowNoState);
     h->resize(400, 300);  // narrower than the text box
