@@ -5,6 +5,7 @@
 #include "library/frm_kerala.h"
 #include "library/frm_text_search.h"
 #include "library/keralaforms.h"
+#include "platform/forms/text_editor_window.h"
 #include "platform/forms/window_registry.h"
 #include "returns/frm_normal.h"
 #include "returns/frm_select.h"
@@ -29,6 +30,11 @@ void defineWindows() {
     forms::define(QStringLiteral("ack"), [] { return new shell::ack; });
     forms::define(QStringLiteral("Dealers"), [] { return new shell::Dealers; });
     forms::define(QStringLiteral("frmca"), [] { return new shell::frmca; });
+    forms::define(QStringLiteral("release"), [] { return new shell::release; });
+    forms::define(QStringLiteral("frmalied"), [] { return new shell::frmalied; });
+    forms::define(QStringLiteral("formsform"), [] { return new shell::formsform; });
+    forms::define(QStringLiteral("frmaliedcommon"), [] { return new shell::frmaliedcommon; });
+    forms::define(QStringLiteral("Notepad"), [] { return new forms::TextEditorWindow; });
 }
 
 }  // namespace app

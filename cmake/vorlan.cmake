@@ -20,7 +20,8 @@ function(vorlan_test name)
   target_compile_options(${name} PRIVATE -Wall -Wextra -Werror)
   target_compile_definitions(${name} PRIVATE
     VORLAN_PROGRAM_DIR="${VORLAN_PROGRAM_DIR}"
-    VORLAN_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    VORLAN_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+    VORLAN_BUILD_DIR="${CMAKE_BINARY_DIR}")
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gtest Qt6::Test)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES

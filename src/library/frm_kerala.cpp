@@ -55,9 +55,12 @@ const NodeRow kNodes[] = {
     {0, "KGST", "Section index KGST", "One"},
     {0, "GENERAL", "THE KERALA GENERAL SALES TAX ACT", "One"},
     {0, "GST", "Papers & Reports On GST", "One"},
+    {0, "Sectionwise", "Section list with word search", "One"},
     {1, "Oner", "Kerala Value Added  Tax Rules", nullptr},
     {1, "Sectionwise", "Sectionwise, Subjectwise & Rulewise", "Oner"},
     {1, "GENERAL", "KERALA GENERAL SALES TAX RULES", "Oner"},
+    {1, "Index", "Index to Rules", "Oner"},
+    {1, "FullText", "Full Text of Rules", "Oner"},
     {2, "Oner", "Kerala value Added  Tax Circulars", nullptr},
     {2, "Twor", "Sectionwise", "Oner"},
     {2, "cirsub", "Subjectwise", "Oner"},
@@ -344,7 +347,6 @@ void frmkerala::Tvw_MouseMove() {
 void frmkerala::Tvw_DblClick() {
     const QString key = Tvw->SelectedItem().Key();
     if (key == QLatin1String("Sectionwise")) {
-        // No node carries this key now; the list page stays ready for one.
         FillSectionwiseList();
         return;
     }
@@ -496,6 +498,12 @@ void frmkerala::resizeEvent(QResizeEvent* event) {
     StatusBar1->setGeometry(0, height() - forms::twips(kStatusBarHeight), width(),
                             forms::twips(kStatusBarHeight));
     forms::guard([this] { Form_Resize(); });
+}
+
+void frmkerala::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    // With neither page shown, the keyboard starts on the toolbar.
+    if (Frame1->isHidden() && Frame2->isHidden()) Toolbar2->focusButtons();
 }
 
 void frmkerala::closeEvent(QCloseEvent* event) {

@@ -154,8 +154,8 @@ public:
     // ---- end of the grid answers ----------------------------------------------------------------------
 
     // ---- the list page (frm_kerala_list_page.cpp) ---------------------------------------------------
-    // The fills of the dormant tree keys: "Sectionwise" of Tvw lists the act's sections; "Index" and
-    // "FullText" of tvw2 put their one entry. Tvw_DblClick and tvw2_DblClick call them for those keys.
+    // The fills of the list page: "Sectionwise" of Tvw lists the act's sections; "Index" and "FullText"
+    // of tvw2 put their one entry. Tvw_DblClick and tvw2_DblClick call them for those keys.
     void FillSectionwiseList();
     void FillRulesList(const QString& key);
     // A click points keralaforms at the entry's document by CurrentToolbarKey; Go then shows it.
@@ -170,6 +170,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 

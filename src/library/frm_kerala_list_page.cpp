@@ -104,6 +104,9 @@ void showListPage(frmkerala* w, QPushButton* go, QPushButton* back, bool focusSe
         b->show();
         b->raise();
     }
+    // Tab stops only on the pair in sight, never on the buttons lying under it.
+    for (QPushButton* b : w->Frame2->findChildren<QPushButton*>())
+        if (b != w->Cmdwordsearch) b->setFocusPolicy(b == go || b == back ? Qt::StrongFocus : Qt::NoFocus);
     for (QWidget* control : std::initializer_list<QWidget*>{w->List1, w->Text1, w->Text3, w->Cmdwordsearch})
         control->show();
     w->Text1->clear();

@@ -85,14 +85,25 @@ void frmNormal::buildFlows() {
     List1->setGeometry(forms::twips(3840), forms::twips(960), forms::twips(1335), forms::twips(2370));
     List1->hide();
     List1->raise();
-    // The month box opens its list on focus; kept out of the tab chain so that the focus leaving the
-    // list never lands on it and opens the list again.
-    txtRPTo->setFocusPolicy(Qt::ClickFocus);
+    // The month box opens its list when clicked or given the focus by the program. Reached by Tab it
+    // only takes the focus, and Enter, F4 or Alt+Down opens the list, so that the focus passing on from
+    // the closing list never opens it again.
     txtMonth->setFocusPolicy(Qt::ClickFocus);
+    // Next to each other in the chain: Shift+Tab from the purchase editor reaches the month box.
+    setTabOrder(txtRPTo, txtGrid1);
 
     forms::wire(txtRPTo, &QLineEdit::textChanged, this, [this] { txtRPTo_Change(); });
     tapEvents(txtRPTo, [this](QEvent* e) {
-        if (e->type() == QEvent::FocusIn) txtRPTo_GotFocus();
+        if (e->type() == QEvent::FocusIn) {
+            const Qt::FocusReason why = static_cast<QFocusEvent*>(e)->reason();
+            if (why == Qt::MouseFocusReason || why == Qt::OtherFocusReason) txtRPTo_GotFocus();
+        } else if (e->type() == QEvent::KeyPress) {
+            const auto* k = static_cast<QKeyEvent*>(e);
+            if (isEnter(e) || k->key() == Qt::Key_F4 || (k->key() == Qt::Key_Down && (k->modifiers() & Qt::AltModifier))) {
+                txtRPTo_GotFocus();
+                return true;
+            }
+        }
         return false;
     });
     tapEvents(List1, [this](QEvent* e) {
@@ -232,11 +243,15 @@ void frmNormal::commitMonth(bool enableList4, bool markFirstRows) {
         procSetGrid2();
         txtDate->setText(today("dd-mm-yy"));
         txtPlace->setText(QString());
+        // The emptied month shows its totals at once, as a month read from the store does.
+        procTotalCal1();
+        procTotalCal2();
     } else {
         procReadPurchase();
         procReadSales_1();
-        txtGrid1->setFocus();
     }
+    // Either way the keyboard goes on in the purchase grid.
+    txtGrid1->setFocus();
     if (markFirstRows) {
         fg1->setTextMatrix(1, 0, QStringLiteral("1"));
         fg2->setTextMatrix(1, 0, QStringLiteral("1"));

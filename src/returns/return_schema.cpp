@@ -158,6 +158,9 @@ QStringList ReturnSchemaSql() {
             cols << c.name + " " + c.type + (c.type == kText ? QStringLiteral(" COLLATE NOCASE") : QString());
         out << "CREATE TABLE " + t.name + " (" + cols.join(", ") + ")";
     }
+    // The row the main window's Exit clears its flag on, first in the table. Its key is empty in every
+    // part, which no return row has (a return period is never empty), so no lookup of a return finds it.
+    out << QStringLiteral("INSERT INTO tblMPage2 (cCode, cYear, cSequence, cRPFrom, FrmFlg) VALUES ('', '', '', '', 0)");
     return out;
 }
 

@@ -21,7 +21,8 @@ struct ReturnTable {
 
 const std::vector<ReturnTable>& ReturnSchema();
 
-// "CREATE TABLE ..." for each table of ReturnSchema(), in its order.
+// "CREATE TABLE ..." for each table of ReturnSchema(), in its order, then the INSERT of the one row a new
+// file carries: the row of tblMPage2 that holds FrmFlg.
 QStringList ReturnSchemaSql();
 
 // In `folder`: nwForm10DB.mdb with every table when it is missing, and the empty Form10Data.mdb and

@@ -4,6 +4,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
+#include "platform/forms/keys.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
@@ -18,6 +19,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QMovie>
+#include <QPainter>
 #include <QStyle>
 #include <cmath>
 
@@ -26,6 +28,8 @@ namespace shell {
 namespace {
 
 using forms::twips;
+
+constexpr int kKeySpace = 32;
 
 void place(QWidget* w, int left, int top, int width, int height) {
     w->setGeometry(twips(left), twips(top), twips(width), twips(height));
@@ -58,8 +62,10 @@ struct ToolButton {
     QStyle::StandardPixmap image;
 };
 
+// SP_CustomBase: the button's picture is drawn here (centralSalesTaxIcon).
 const ToolButton kButtons[] = {
     {"States", "stat", "double click on statename to get details", QStyle::SP_DirHomeIcon},
+    {"Central Sales Tax", "Centr", "Central Sales Tax", QStyle::SP_CustomBase},
     {"Acknowledgement", "ack", "Acknowledgement", QStyle::SP_FileDialogInfoView},
     {"Cash Payment", "CP", nullptr, QStyle::SP_DialogApplyButton},
     {"Bank Payment", "BP", nullptr, QStyle::SP_DriveHDIcon},
@@ -79,6 +85,38 @@ QLabel* picture(QWidget* parent, const QString& text, const QString& style) {
     l->setAlignment(Qt::AlignCenter);
     l->setStyleSheet(style);
     return l;
+}
+
+// The Central Sales Tax button's picture: a ruled page of the Act with a gold seal on its corner.
+QIcon centralSalesTaxIcon() {
+    QPixmap pixmap(48, 48);
+    pixmap.fill(Qt::transparent);
+    QPainter p(&pixmap);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(QColor(0x1f, 0x4e, 0x79), 2.5));
+    p.setBrush(QColor(0xfb, 0xf8, 0xee));
+    p.drawRoundedRect(QRectF(5, 2, 30, 40), 3, 3);
+    p.setPen(QPen(QColor(0x1f, 0x4e, 0x79), 2.5));
+    p.drawLine(QPointF(10, 10), QPointF(30, 10));
+    p.setPen(QPen(QColor(0x7a, 0x8a, 0x9a), 2));
+    for (int y = 17; y <= 31; y += 7) p.drawLine(QPointF(10, y), QPointF(30, y));
+    p.setPen(QPen(QColor(0x8b, 0x1e, 0x1e), 2.5));
+    p.setBrush(QColor(0xc8, 0x9b, 0x2c));
+    p.drawEllipse(QPointF(34, 34), 11, 11);
+    p.setPen(QPen(QColor(0x8b, 0x1e, 0x1e), 1.5));
+    p.setBrush(Qt::NoBrush);
+    p.drawEllipse(QPointF(34, 34), 6, 6);
+    return QIcon(pixmap);
+}
+
+// The banner: the publisher's file where Qt can play it, else the program's own animation beside it.
+QMovie* bannerMovie(QObject* parent) {
+    for (const char* name : {"\\test.swf", "\\banner.gif"}) {
+        auto* movie = new QMovie(basic::NativePath(basic::AppPath() + QLatin1String(name)), QByteArray(), parent);
+        if (movie->isValid()) return movie;
+        delete movie;
+    }
+    return nullptr;
 }
 
 // A document window of a later part of the program, asked to show one of its documents by number.
@@ -131,7 +169,8 @@ main::main() {
     QStyle* s = style();
     ImageList1.Add(s->standardIcon(QStyle::SP_DirClosedIcon));
     ImageList1.Add(s->standardIcon(QStyle::SP_DirOpenIcon));
-    for (const ToolButton& b : kButtons) ImageList2.Add(s->standardIcon(b.image));
+    for (const ToolButton& b : kButtons)
+        ImageList2.Add(b.image == QStyle::SP_CustomBase ? centralSalesTaxIcon() : s->standardIcon(b.image));
     Toolbar2->setImageList(&ImageList2);
     int image = 1;
     for (const ToolButton& b : kButtons) {
@@ -142,6 +181,7 @@ main::main() {
 
     forms::wire(Tvw, &forms::TreeView::Click, this, [this] { Tvw_Click(); });
     forms::wire(Tvw, &forms::TreeView::DblClick, this, [this] { Tvw_DblClick(); });
+    forms::wire(Tvw, &forms::TreeView::KeyDown, this, [this](int key, int shift) { Tvw_KeyDown(key, shift); });
     connect(Toolbar2, &forms::Toolbar::ButtonClick, this, [this](const QString& key) {
         forms::guard([&] { Toolbar2_ButtonClick(key); });
     });
@@ -165,13 +205,9 @@ void main::Form_Load() {
     Tvw->Refresh();
     setWindowTitle(QStringLiteral("Vorlan on VAT Laws") + QStringLiteral("[") +
                    basic::Format(basic::Clock::today(), QStringLiteral("mm-dd-yyyy")) + QStringLiteral("]"));
-    // The banner file is a Flash movie; Qt shows it only if it can read it as an animation.
-    auto* movie = new QMovie(basic::AppPath() + QStringLiteral("/test.swf"), QByteArray(), ShockwaveFlash1);
-    if (movie->isValid()) {
+    if (QMovie* movie = bannerMovie(ShockwaveFlash1)) {
         ShockwaveFlash1->setMovie(movie);
         movie->start();
-    } else {
-        delete movie;
     }
 }
 
@@ -199,10 +235,14 @@ void main::Tvw_Click() {
     forms::get(QStringLiteral("frmkerala"))->show();
 }
 
+void main::Tvw_KeyDown(int KeyCode, int) {
+    if (KeyCode == forms::vbKeyReturn || KeyCode == kKeySpace) Tvw_Click();
+}
+
 void main::Toolbar2_ButtonClick(const QString& key) {
     try {
         if (key == u"Centr") forms::get(QStringLiteral("central"))->show();
-        else if (key == u"not") sys::startTextEditor();
+        else if (key == u"not") startNotepad();
         else if (key == u"wo") {}
         else if (key == u"op") showDocument(7);
         else if (key == u"stat") Tvw->setVisible(true);
@@ -219,6 +259,12 @@ void main::Toolbar2_ButtonClick(const QString& key) {
         QApplication::restoreOverrideCursor();
         forms::MsgBox(QStringLiteral("This feature is not working"), forms::vbInformation, QStringLiteral("Vorlan"));
     }
+}
+
+// The desktop's text editor; where none is installed, the program's own small one.
+void main::startNotepad() {
+    if (sys::hasTextEditor()) sys::startTextEditor();
+    else forms::get(QStringLiteral("Notepad"))->show();
 }
 
 void main::Picture2_Click() {

@@ -35,6 +35,8 @@ public:
     void Form_Unload() {}
     void Tvw_Click();
     void Tvw_DblClick() { Tvw_Click(); }
+    // Enter and Space on a node do what a click does.
+    void Tvw_KeyDown(int KeyCode, int Shift);
     void Toolbar2_ButtonClick(const QString& key);
     void Picture2_Click();
     void Picture6_Click();
@@ -52,6 +54,7 @@ protected:
 
 private:
     void writeFrmFlg(int value);
+    void startNotepad();
     std::int16_t frameTop_ = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include "platform/basic/app_path.h"
 #include "platform/basic/runtime_error.h"
+#include "platform/forms/errors.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
@@ -10,6 +11,7 @@
 #include "shell/my_mod.h"
 
 #include <QDir>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -102,6 +104,12 @@ void TextViewer::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
 }
 
+void TextViewer::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) forms::guard([this] { Picture4_Click(); });
+    else if (event->matches(QKeySequence::Print)) forms::guard([this] { Picture1_Click(); });
+    else QWidget::keyPressEvent(event);
+}
+
 bool TextViewer::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonRelease && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
         if (watched == Picture1) forms::guard([this] { Picture1_Click(); });
@@ -140,5 +148,61 @@ void help::SHOW_DOCUMENT(int number) {
 void ack::Form_Load() { loadQuietly(DocumentRoot + QStringLiteral("Vorlan1\\ack.rtf")); }
 void Dealers::Form_Load() { loadQuietly(DocumentRoot + QStringLiteral("Vorlan1\\dealers\\dealers.rtf")); }
 void frmca::Form_Load() { loadQuietly(DocumentRoot + QStringLiteral("Vorlan1\\ca tools.rtf")); }
+
+SpareViewer::SpareViewer(const QString& caption, bool maximised) : maximised_(maximised) {
+    setWindowTitle(caption);
+    resize(twips(13000), twips(8000));
+}
+
+QLabel* SpareViewer::picture(const QString& text, int left) {
+    QLabel* l = pictureButton(this, text);
+    l->move(twips(left), 0);
+    l->installEventFilter(this);
+    return l;
+}
+
+void SpareViewer::showEvent(QShowEvent* event) {
+    if (!loaded_ && maximised_) setWindowState(windowState() | Qt::WindowMaximized);
+    loaded_ = true;
+    QWidget::showEvent(event);
+}
+
+bool SpareViewer::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+        if (auto* l = qobject_cast<QLabel*>(watched)) forms::guard([&] { pictureClicked(l); });
+    return QWidget::eventFilter(watched, event);
+}
+
+release::release() : SpareViewer(QString(), true) {
+    Picture1 = picture(QString(), 0);
+    Picture2 = picture(QString(), 1300);
+}
+
+namespace {
+QTextBrowser* webBrowser(QWidget* parent) {
+    auto* b = new QTextBrowser(parent);
+    b->setGeometry(twips(120), twips(540), twips(kBoxWidth), twips(6900));
+    return b;
+}
+}  // namespace
+
+frmalied::frmalied() : SpareViewer(QStringLiteral("Tam ALieds"), true), WebBrowser1(webBrowser(this)) {
+    Picture1 = picture(QStringLiteral("Print"), 120);
+    Picture4 = picture(QStringLiteral("Back"), 120 + kBoxWidth - 1200);
+}
+
+void frmalied::Picture1_Click() { throw forms::objectNotSet(); }
+
+void frmalied::Picture4_Click() {
+    hide();
+    throw forms::objectNotSet();
+}
+
+void frmalied::pictureClicked(QLabel* picture) {
+    if (picture == Picture1) Picture1_Click();
+    else if (picture == Picture4) Picture4_Click();
+}
+
+formsform::formsform() : SpareViewer(QStringLiteral("Form1"), false), WebBrowser1(webBrowser(this)) {}
 
 }  // namespace shell

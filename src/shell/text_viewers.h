@@ -3,6 +3,7 @@
 #include "platform/documents/rich_text_box.h"
 
 #include <QLabel>
+#include <QTextBrowser>
 #include <QWidget>
 #include <functional>
 
@@ -33,6 +34,8 @@ protected:
     void printNow();
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    // From the keyboard: Esc is Back, Ctrl+P is Print.
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     virtual void Form_Load() {}
     bool loaded_ = false;
@@ -86,6 +89,57 @@ public:
 
 protected:
     void Form_Load() override;
+};
+
+// Windows of the same family that nothing opens yet, each with its document area and pictures as
+// designed and no document. Those built maximised maximise themselves when first shown.
+class SpareViewer : public QWidget {
+    Q_OBJECT
+protected:
+    SpareViewer(const QString& caption, bool maximised);
+    QLabel* picture(const QString& text, int left);
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    virtual void pictureClicked(QLabel*) {}
+
+private:
+    bool maximised_;
+    bool loaded_ = false;
+};
+
+class release : public SpareViewer {
+    Q_OBJECT
+public:
+    release();
+    QLabel *Picture1, *Picture2;  // no handlers
+};
+
+// "Tam ALieds": its Print prints from, and its Back shows, a window reference that nothing sets.
+class frmalied : public SpareViewer {
+    Q_OBJECT
+public:
+    frmalied();
+    QTextBrowser* WebBrowser1;
+    QLabel* Picture1;  // "Print"
+    QLabel* Picture4;  // "Back"
+    void Picture1_Click();
+    void Picture4_Click();
+
+protected:
+    void pictureClicked(QLabel* picture) override;
+};
+
+class formsform : public SpareViewer {
+    Q_OBJECT
+public:
+    formsform();
+    QTextBrowser* WebBrowser1;
+};
+
+class frmaliedcommon : public SpareViewer {
+    Q_OBJECT
+public:
+    frmaliedcommon() : SpareViewer(QStringLiteral("Form1"), false) {}
 };
 
 }  // namespace shell

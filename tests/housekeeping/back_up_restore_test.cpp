@@ -10,6 +10,7 @@
 #include "returns/return_schema.h"
 #include "support/printers.h"
 #include "support/qt_app.h"
+#include "support/screens.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -168,8 +169,7 @@ TEST_F(BackUpRestore, InterruptedBackupLeavesTheOldOneWhole) {
     EXPECT_EQ(bytes(backup("c", "nwForm10DB.mdb")), "old returns");
     EXPECT_EQ(QDir(backup("c")).entryList(QDir::Files | QDir::Hidden).size(), 2);
     EXPECT_EQ(boxes.boxes(), (Boxes{{"Disk full", 0, "Vorlan"}}));
-    const bool forReadme = qEnvironmentVariableIsSet("VORLAN_SCREENS");
-    EXPECT_TRUE(w.grab().save((forReadme ? VORLAN_SOURCE_DIR "/docs/screens" : QDir::tempPath()) + "/frmBackUpRestore.png"));
+    EXPECT_TRUE(w.grab().save(screen("frmBackUpRestore.png")));
 }
 
 // A drive that cannot be written, here one pulled out after the list was made, is named in a box

@@ -7,6 +7,7 @@
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
 #include "shell/library_fixture.h"
+#include "support/screens.h"
 
 #include <QCloseEvent>
 #include <QTest>
@@ -52,85 +53,35 @@ protected:
     frmkerala* w = nullptr;
 };
 
-TEST_F(Kerala, TreesHoldTheirNodesAndNeitherPageShowsAtStart) {
-    // Each tree's nodes, key and text, the root first.
-    const std::vector<std::pair<forms::TreeView*, std::vector<std::pair<QString, QString>>>> table = {
-        {w->Tvw, {{"One", "Kerala Value Added  Tax Act"}, {"VAT", "Sectionwise & Subjectwise"},
-                  {"KGST", "Section index KGST"}, {"GENERAL", "THE KERALA GENERAL SALES TAX ACT"},
-                  {"GST", "Papers & Reports On GST"}}},
-        {w->tvw2, {{"Oner", "Kerala Value Added  Tax Rules"},
-                  {"Sectionwise", "Sectionwise, Subjectwise & Rulewise"},
-                  {"GENERAL", "KERALA GENERAL SALES TAX RULES"}}},
-        {w->tvwc, {{"Oner", "Kerala value Added  Tax Circulars"}, {"Twor", "Sectionwise"},
-                  {"cirsub", "Subjectwise"}, {"Gen", "Numberwise"}}},
-        {w->tvwn, {{"Oner", "Kerala Value Added  Tax Notifications"}, {"Twon", "Sectionwise"},
-                  {"Notsub", "Subjectwise"}, {"Sec2r", "Numberwise"}}},
-        {w->tvw3, {{"Oner", "Kerala Value Added  Tax Judgements"}, {"Twor", "Section wise"},
-                  {"Sec2r", "Subject wise"}, {"Sec1r", "Citation wise"}}},
-        {w->tvwr, {{"Oner", "Old and Recent Judgement on Sales Tax Laws"}, {"Twor", "Section wise"},
-                  {"Subr", "Subject wise"}, {"Sec1r", "Citation wise"}}},
-        {w->tvwali, {{"One", "Kerala Allied Acts, Rules & Forms"}, {"Sec1al", "Allied Acts"},
-                  {"Sec2al", "Allied Rules"}, {"Sec3al", "Allied Forms"}}},
-    };
-    for (const auto& [tree, nodes] : table) {
-        SCOPED_TRACE(tree->Nodes(1).Text().toStdString());
-        ASSERT_EQ(tree->Nodes.Count(), int(nodes.size()));
-        QTreeWidgetItem* root = tree->Nodes(1).item();
-        EXPECT_EQ(root->parent(), nullptr);
-        EXPECT_TRUE(root->isExpanded());
-        for (int i = 0; i < int(nodes.size()); ++i) {
-            const forms::Node node = tree->Nodes(i + 1);
-            EXPECT_EQ(node.Key(), nodes[i].first);
-            EXPECT_EQ(node.Text(), nodes[i].second);
-            if (i > 0) {
-                EXPECT_EQ(node.item()->parent(), root);
-            }
-        }
-    }
-    EXPECT_EQ(w->LastRootNode, w->tvwali->Nodes(1));
+// A fresh window shows neither page; the keyboard starts on the toolbar's first button.
+TEST_F(Kerala, AtStartNeitherPageShowsAndTheKeyboardIsOnTheToolbar) {
     EXPECT_TRUE(w->windowState() & Qt::WindowMaximized);
     showActive();
     EXPECT_FALSE(w->Frame1->isVisible());
     EXPECT_FALSE(w->Frame2->isVisible());
-    if (qEnvironmentVariableIsSet("VORLAN_SCREENS")) {   // the picture in the README
-        w->resize(1366, 768);
-        press("Act");
-        w->Tvw->setCurrentItem(w->Tvw->Nodes("VAT").item());
-        w->grab().save(VORLAN_SOURCE_DIR "/docs/screens/frmkerala.png");
-    }
+    EXPECT_EQ(QApplication::focusWidget(), w->Toolbar2->widgetForAction(w->Toolbar2->Buttons("Act").action()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), w->Tvw);
+    w->resize(1366, 768);
+    w->Tvw->setCurrentItem(w->Tvw->Nodes("VAT").item());
+    w->grab().save(screen("frmkerala.png"));
 }
 
 TEST_F(Kerala, EachToolbarKeyBringsItsTreeForwardWithItsFocusRule) {
     struct Row {
-        const char* caption;
         const char* key;
-        const char* toolTip;
         forms::TreeView* tree;   // nullptr: the pages stay as they were
         bool takesFocus;
     };
     const Row table[] = {
-        {"Act", "Act", "Act", w->Tvw, true},
-        {"Rules", "rul", "Rules", w->tvw2, true},
-        {"Circulars", "circu", "Circulars", w->tvwc, false},
-        {"Notification", "not", "Notification", w->tvwn, true},
-        {"Schedules", "sch", "Schedules", nullptr, false},
-        {"Judgements", "jud", "Judgements", w->tvw3, false},
-        {"Forms", "forms", "Word Forms", nullptr, false},
-        {"Allied", "Ali", "Allied Act,Forms,Rules", w->tvwali, true},
-        {"R.Judgement", "rec", "Recent Judgements", w->tvwr, false},
-        {"CA", "ca", "Tools for Chartered Accountants", nullptr, false},
-        {"Back", "bac", "Back to Main Menu", nullptr, false},
+        {"Act", w->Tvw, true},  {"rul", w->tvw2, true},   {"circu", w->tvwc, false}, {"not", w->tvwn, true},
+        {"sch", nullptr, false}, {"jud", w->tvw3, false}, {"forms", nullptr, false}, {"Ali", w->tvwali, true},
+        {"rec", w->tvwr, false}, {"ca", nullptr, false},
     };
-    ASSERT_EQ(w->Toolbar2->Buttons.Count(), 11);
     showActive();
     QWidget* lastFront = nullptr;
-    for (int i = 0; i < 10; ++i) {
-        const Row& row = table[i];
+    for (const Row& row : table) {
         SCOPED_TRACE(row.key);
-        const forms::ToolbarButton button = w->Toolbar2->Buttons(i + 1);
-        EXPECT_EQ(button.Caption(), row.caption);
-        EXPECT_EQ(button.Key(), row.key);
-        EXPECT_EQ(button.ToolTipText(), row.toolTip);
         w->Toolbar2->setFocus();
         press(row.key);
         EXPECT_EQ(w->CurrentToolbarKey, row.key);
@@ -142,7 +93,6 @@ TEST_F(Kerala, EachToolbarKeyBringsItsTreeForwardWithItsFocusRule) {
         }
         EXPECT_EQ(QApplication::focusWidget(), row.takesFocus ? row.tree : static_cast<QWidget*>(w->Toolbar2));
     }
-    EXPECT_EQ(w->Toolbar2->Buttons(11).ToolTipText(), table[10].toolTip);
     EXPECT_TRUE(boxes.boxes().empty());
 }
 
@@ -235,7 +185,6 @@ TEST_F(Kerala, BackAndTheCloseBoxBringMainBack) {
         EXPECT_FALSE(w->isVisible());
         EXPECT_EQ(forms::exists("main") && forms::get("main")->isVisible(), mainReturns);
         EXPECT_EQ(w->CurrentToolbarKey, way == BackButton ? "bac" : "Act");
-        EXPECT_EQ(w->Tvw->Nodes.Count(), 5);
     }
     EXPECT_TRUE(boxes.boxes().empty());
 }

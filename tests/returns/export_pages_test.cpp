@@ -2,6 +2,7 @@
 // made with the system date's year, so what a press leaves depends on the calendar.
 #include "platform/forms/list_box.h"
 #include "return_window.h"
+#include "shell/main_window.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -132,13 +133,40 @@ TEST_F(Export, PeriodThatCannotBeStored) {
     for (const Case& c : cases) {
         w->List4->setListIndex(c.kind);
         EXPECT_EQ(exportNow(), c.boxes);
-        EXPECT_EQ(counts(), (QStringList{"0", "0", "0", "0", "0"}));
+        EXPECT_EQ(counts(), (QStringList{"0", "1", "0", "0", "0"}));   // a new file's one row stays alone
     }
     w->txtRPTo->setText("Ma'rch");
     const auto boxes = exportNow();
     ASSERT_EQ(boxes.size(), 1u);
     EXPECT_TRUE(boxes[0].text.startsWith("Run-time error")) << boxes[0].text.toStdString();
-    EXPECT_EQ(counts(), (QStringList{"0", "0", "0", "0", "0"}));
+    EXPECT_EQ(counts(), (QStringList{"0", "1", "0", "0", "0"}));
+}
+
+// A new return file carries the row that Exit writes its flag on, so Exit ends the program at once; the
+// row stays first, and Export beside it still makes and then finds its own rows. Without it, Exit fails
+// into its box and the program stays.
+TEST_F(Export, ExitOnANewFileClearsTheFlagAndExportKeepsItsRows) {
+    shell::main main;
+    bool ended = false;
+    main.endProgram = [&] { ended = true; };
+    basic::Clock::set(QDate(2008, 3, 15));
+    const struct { const char* before; bool exportFirst; bool ends; QStringList flags, pages; } cases[] = {
+        {"UPDATE tblMPage2 SET FrmFlg=1", false, true, {"0"}, {"0", "1", "0", "0", "0"}},
+        {"UPDATE tblMPage2 SET FrmFlg=1", true, true, {"0", "1"}, {"1", "2", "1", "1", "1"}},   // made, then found
+        {"DELETE FROM tblMPage2", false, false, {}, {"1", "0", "1", "1", "1"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.before);
+        if (c.exportFirst) exportNow(), exportNow();
+        exec(c.before);
+        ended = false;
+        const auto boxes = press([&] { main.Toolbar2_ButtonClick("EXI"); });
+        EXPECT_EQ(ended, c.ends);
+        const RecordedBox notWorking{"This feature is not working", 64, "Vorlan"};
+        EXPECT_EQ(boxes, c.ends ? std::vector<RecordedBox>{} : std::vector<RecordedBox>{notWorking});
+        EXPECT_EQ(column("SELECT FrmFlg FROM tblMPage2"), c.flags);
+        EXPECT_EQ(counts(), c.pages);
+    }
 }
 
 }  // namespace

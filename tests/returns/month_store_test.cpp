@@ -161,6 +161,36 @@ TEST_F(MonthStore, MonthWithOnlySalesReadsAsNoRecord) {
     EXPECT_EQ(column("SELECT Party FROM tblSales"), QStringList{"Only sale"});
 }
 
+// The keyboard reaches the month box by Shift+Tab from the purchase editor without opening its list;
+// Enter, F4 or Alt+Down opens it. A month picked puts the keyboard back in the purchase editor, with
+// that month's totals shown at once, a month without bills too.
+TEST_F(MonthStore, MonthBoxByKeyboard) {
+    exec("INSERT INTO tblPurchase1 (cCode, cMonth, Party, BillDate, RateOfTax, Amount) VALUES ('', 'March', 'M', '2026-03-02', '4', 1000)");
+    exec("INSERT INTO tblPurchase1 (cCode, cMonth, Party, BillDate, RateOfTax, Amount) VALUES ('', 'February', 'F', '2026-02-02', '4', 250)");
+    w->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(w.get()));
+    const struct { Qt::Key key; Qt::KeyboardModifiers mods; int ups; const char* month; const char* amount4; size_t boxes; } cases[] = {
+        {Qt::Key_Return, {}, 1, "February", "250.00", 0}, {Qt::Key_F4, {}, 2, "January", "0.00", 2},
+        {Qt::Key_Down, Qt::AltModifier, 0, "March", "1000.00", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.month);
+        w->txtGrid1->setFocus();
+        QTest::keyClick(w->txtGrid1, Qt::Key_Backtab, Qt::ShiftModifier);
+        ASSERT_EQ(QApplication::focusWidget(), w->txtRPTo);
+        EXPECT_FALSE(w->List1->isVisible());
+        QTest::keyClick(w->txtRPTo, c.key, c.mods);
+        ASSERT_TRUE(w->List1->isVisible());
+        for (int i = 0; i < c.ups; ++i) QTest::keyClick(w->List1, Qt::Key_Up);
+        forms::MsgBoxRecorder boxes;
+        QTest::keyClick(w->List1, Qt::Key_Return);
+        EXPECT_EQ(w->txtRPTo->text(), c.month);
+        EXPECT_EQ(QApplication::focusWidget(), w->txtGrid1);
+        EXPECT_EQ(w->Label14->text(), c.amount4);
+        EXPECT_EQ(boxes.boxes().size(), c.boxes);
+    }
+}
+
 // The bill keys hold the month only: March of the next year replaces March, other months stay.
 TEST_F(MonthStore, SameMonthAYearLaterReplacesTheFirst) {
     exec("INSERT INTO tblPurchase1 (cCode, cMonth, Party) VALUES ('', 'April', 'April bill')");

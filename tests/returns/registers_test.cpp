@@ -15,10 +15,8 @@ namespace {
 
 class Registers : public ReturnWindow {
 protected:
-    // Where the PDFs go: docs/screens when the screens are asked for, else the test's folder.
-    QString out(const QString& name) {
-        return qEnvironmentVariableIsSet("VORLAN_SCREENS") ? screen(name) : folder.filePath(name);
-    }
+    // Where the PDFs go: docs/screens when the screens are asked for, else the build folder's screens.
+    QString out(const QString& name) { return screen(name); }
     static QString pdfText(const QString& pdf) {
         QProcess p;
         p.start("pdftotext", {"-layout", pdf, "-"});

@@ -11,20 +11,13 @@
 #include "returns/module2.h"
 #include "support/printers.h"
 #include "support/qt_app.h"
+#include "support/screens.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
-
-// Screens for the README go to docs/screens when asked for, else nowhere that stays.
-inline QString screen(const QString& name) {
-    const QString dir = qEnvironmentVariableIsSet("VORLAN_SCREENS") ? QString(VORLAN_SOURCE_DIR "/docs/screens")
-                                                                     : QDir::tempPath();
-    QDir().mkpath(dir);
-    return dir + "/" + name;
-}
 
 class ReturnWindow : public ::testing::Test {
 protected:

@@ -1,5 +1,4 @@
-// The chooser and the return window between each other, the purchase-kind list, and the summary
-// statement as the store receives it.
+// The chooser and the return window between each other, and the purchase-kind list.
 #include "platform/forms/list_box.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
@@ -108,28 +107,6 @@ TEST_F(WindowFlows, PurchaseKindSwitchesTheGridAndTheRates) {
         EXPECT_EQ(w->List2->List(4), c.lastRate);
         EXPECT_EQ(w->Label14->text(), c.amount4);
     }
-}
-
-// The summary is one INSERT built piece by piece: figures quoted with two decimals, RT* bare.
-TEST_F(WindowFlows, SummaryStatementAsSent) {
-    auto* w = forms::get<frmNormal>("frmNormal");
-    w->Show();
-    w->txtPlace->setText("  Thrissur ");
-    w->procWriteCommon();
-    QString figures;
-    for (int i = 0; i < 33; ++i) figures += "'0.00',";
-    EXPECT_EQ(SqlText,
-              " INSERT INTO tblCommon (  cCode , cMonth , cAddress , PTA0,PTA1,PTA4,PTA12,PTA20,PTT0,PTT1,PTT4,PTT12,"
-              "PTT20,PTC0,PTC1,PTC4,PTC12,PTC20 ,STA0,STA1,STA4,STA12,STACST,STA20,STT0,STT1,STT4,STT12,STTCST,STT20,"
-              "STC0,STC1,STC4,STC12,STCCST,STC20,netTotal,eDate,Place,RT0,RT1,RT4,RT12,RT20)     VALUES   ('','March','"
-              "'," + figures + "'0.00','15-03-26','Thrissur',0,0,0,0,0)");
-    // Rounding: figures to two decimals, RT sums the unrounded labels first and is written without zeros.
-    w->Label18->setText("0.004");
-    w->Label14->setText("1234.5");
-    w->Label56->setText("0.004");
-    w->procWriteCommon();
-    EXPECT_TRUE(SqlText.contains("'1234.50'")) << SqlText.toStdString();
-    EXPECT_TRUE(SqlText.endsWith(",0,0,1234.51,0,0)")) << SqlText.toStdString();
 }
 
 }  // namespace

@@ -1,13 +1,17 @@
-// The main window as a user meets it: the state tree, the toolbar, the two pictures, the resize rule.
+// The main window as a user meets it: the state tree and the toolbar by mouse and by keyboard, the banner,
+// the two pictures, the resize rule.
 #include "library_fixture.h"
 
 #include "platform/basic/clock.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/text_editor_window.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
 #include "platform/system/shutdown.h"
 #include "shell/main_window.h"
+#include "support/screens.h"
 
+#include <QMovie>
 #include <QTest>
 
 namespace {
@@ -35,12 +39,17 @@ protected:
     void SetUp() override {
         LibraryFixture::SetUp();
         basic::Clock::set(QDate(2008, 9, 26));
+        for (const char* name : {"frmkerala", "central", "frmBackUpRestore"}) forms::define(name, [] { return new QWidget; });
+        forms::define("Notepad", [] { return new forms::TextEditorWindow; });
+        w = make();
+    }
+    shell::main* make() {
         forms::define("main", [] { return new shell::main; });
-        forms::define("frmkerala", [] { return new QWidget; });
-        w = forms::get<shell::main>("main");
-        w->endProgram = [this] { ended = true; };
-        w->resize(1366, 768);
-        w->show();
+        auto* m = forms::get<shell::main>("main");
+        m->endProgram = [this] { ended = true; };
+        m->resize(1366, 768);
+        m->show();
+        return m;
     }
     void TearDown() override {
         forms::reset();
@@ -53,49 +62,51 @@ protected:
 
 }  // namespace
 
-TEST_F(MainWindow, StateTreeInItsOrderWithItsTexts) {
+// Any node opens the browser: by a click, and from the keyboard by Enter or Space; other keys move only.
+TEST_F(MainWindow, ANodeEntersTheStateBrowserByClickEnterOrSpace) {
     EXPECT_EQ(w->windowTitle(), "Vorlan on VAT Laws[09-26-2008]");
-    ASSERT_EQ(w->Tvw->Nodes.Count(), 32);
-    const struct { int index; const char* key; const char* text; const char* parent; } cases[] = {
-        {1, "One", "Vorlan on VAT laws", ""}, {2, "Two", "States", "One"}, {3, "And", "Andhra Pradesh", "Two"},
-        {7, "Chat", "chattisgarh", "Two"},    {14, "jk", "Jammu and kashmir", "Two"}, {16, "Ker", "Kerala", "Two"},
-        {30, "We", "West Bangal", "Two"},     {31, "Centr", "Central Sales Tax", "One"},
-        {32, "Glob", "Global Subject,Citation ", "Two"},
+    const struct { const char* node; Qt::Key key; bool opens; } cases[] = {
+        {"One", Qt::Key_unknown, true}, {"Glob", Qt::Key_unknown, true}, {"Ker", Qt::Key_Return, true},
+        {"Centr", Qt::Key_Space, true}, {"Ker", Qt::Key_Down, false}, {"Ker", Qt::Key_A, false},
     };
+    w->activateWindow();
     for (const auto& c : cases) {
-        const forms::Node n = w->Tvw->Nodes(c.index);
-        EXPECT_EQ(n.Key() + '|' + n.Text(), QString(c.key) + '|' + c.text);
-        EXPECT_EQ(n.item()->parent(), *c.parent ? w->Tvw->Nodes(QString(c.parent)).item() : nullptr) << c.key;
-    }
-    EXPECT_EQ(w->Tvw->ToolTipText(), "choose state and double click on each state to get details");
-    EXPECT_TRUE(w->Tvw->isVisible());  // shown once the window came up
-    const QStringList keys = {"stat", "ack", "CP", "BP", "help", "dele", "not", "op", "bkp", "EXI"};
-    ASSERT_EQ(w->Toolbar2->Buttons.Count(), keys.size());
-    for (int i = 0; i < keys.size(); ++i) EXPECT_EQ(w->Toolbar2->Buttons(i + 1).Key(), keys[i]);
-    EXPECT_EQ(w->Toolbar2->Buttons("EXI").ToolTipText(), "Exit ");
-    EXPECT_EQ(w->Picture6->text(), "     SHUT DOWN     ");
-}
-
-TEST_F(MainWindow, AClickOnAnyNodeEntersTheStateBrowser) {
-    for (const char* key : {"One", "Ker", "Glob"}) {
         w->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(w));
         forms::get("frmkerala")->hide();
         shell::currentStateNo = 0;
-        const QRect r = w->Tvw->visualItemRect(w->Tvw->Nodes(QString(key)).item());
-        QTest::mouseClick(w->Tvw->viewport(), Qt::LeftButton, {}, r.center());
-        EXPECT_FALSE(w->isVisible()) << key;
-        EXPECT_TRUE(forms::get("frmkerala")->isVisible()) << key;
-        EXPECT_EQ(shell::currentStateNo, 14) << key;
+        QTreeWidgetItem* item = w->Tvw->Nodes(QString(c.node)).item();
+        if (c.key == Qt::Key_unknown) {
+            QTest::mouseClick(w->Tvw->viewport(), Qt::LeftButton, {}, w->Tvw->visualItemRect(item).center());
+        } else {
+            w->Tvw->setCurrentItem(item);
+            QTest::keyClick(w->Tvw, c.key);
+        }
+        EXPECT_EQ(w->isVisible(), !c.opens) << c.node << c.key;
+        EXPECT_EQ(forms::get("frmkerala")->isVisible(), c.opens) << c.node << c.key;
+        EXPECT_EQ(shell::currentStateNo, c.opens ? 14 : 0) << c.node << c.key;
     }
+}
+
+// The button the toolbar gained: second, beside "States", and it opens the Central Sales Tax window.
+TEST_F(MainWindow, CentralSalesTaxButtonOpensItsWindow) {
+    const forms::ToolbarButton b = w->Toolbar2->Buttons(2);
+    EXPECT_EQ(b.Key() + '|' + b.Caption(), "Centr|Central Sales Tax");
+    b.action()->trigger();
+    EXPECT_TRUE(forms::get("central")->isVisible());
 }
 
 TEST_F(MainWindow, ToolbarDispatch) {
     auto* help = new FakeHelp;
-    const struct { const char* key; bool helpRegistered; int document; bool box; } cases[] = {
-        {"CP", false, 0, false}, {"BP", false, 0, false}, {"wo", false, 0, false}, {"rul", false, 0, false},
-        {"help", false, 0, true}, {"help", true, 1, false}, {"ack", true, 3, false}, {"dele", true, 5, false},
-        {"op", true, 7, false},   {"bkp", false, 0, true},  {"Centr", false, 0, true},
+    QTemporaryDir noEditors;   // a PATH with no text editor on it
+    const struct { const char* key; bool helpRegistered; int document; bool box; const char* shows; } cases[] = {
+        {"CP", false, 0, false, ""}, {"BP", false, 0, false, ""}, {"wo", false, 0, false, ""}, {"rul", false, 0, false, ""},
+        {"help", false, 0, true, ""}, {"help", true, 1, false, ""}, {"ack", true, 3, false, ""},
+        {"dele", true, 5, false, ""}, {"op", true, 7, false, ""}, {"bkp", false, 0, false, "frmBackUpRestore"},
+        {"not", false, 0, false, "Notepad"},
     };
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", noEditors.path().toUtf8());
     for (const auto& c : cases) {
         if (c.helpRegistered) forms::define("help", [help] { return help; });
         help->shown.clear();
@@ -104,32 +115,36 @@ TEST_F(MainWindow, ToolbarDispatch) {
         EXPECT_EQ(help->shown, c.document ? QList<int>{c.document} : QList<int>{}) << c.key;
         EXPECT_EQ(boxes.boxes().size(), c.box ? 1u : 0u) << c.key;
         for (const auto& b : boxes.boxes()) EXPECT_EQ(b, (forms::RecordedBox{"This feature is not working", forms::vbInformation, "Vorlan"}));
+        if (*c.shows) {
+            EXPECT_TRUE(forms::get(c.shows)->isVisible()) << c.key;
+            forms::get(c.shows)->hide();
+        }
     }
+    qputenv("PATH", path);
     w->Tvw->setVisible(false);
     QTest::mouseClick(w->Toolbar2->widgetForAction(w->Toolbar2->Buttons("stat").action()), Qt::LeftButton);
     EXPECT_TRUE(w->Tvw->isVisible());
 }
 
-TEST_F(MainWindow, ExitClearsTheFlagAndEndsOnlyWhenItCould) {
-    store::Connection cn;
-    cn.Create("Driver={Microsoft Access Driver (*.mdb)};Dbq=" + dir.path() + "\\nwForm10DB.mdb");
-    cn.Execute("CREATE TABLE tblMPage2 (cCode TEXT, FrmFlg INTEGER)");
-    {
-        forms::MsgBoxRecorder boxes;  // an empty page table: the flag cannot be written, the program stays
-        w->Toolbar2_ButtonClick("EXI");
-        EXPECT_FALSE(ended);
-        EXPECT_EQ(boxes.boxes(), (std::vector<forms::RecordedBox>{{"This feature is not working", forms::vbInformation, "Vorlan"}}));
+// The banner plays the publisher's "test.swf" where Qt can read it, else the program's own animation.
+TEST_F(MainWindow, BannerPlaysThePublishersFileBeforeItsOwn) {
+    const QString gif = QStringLiteral(VORLAN_PROGRAM_DIR "/banner.gif");
+    const struct { const char* swf; bool ownBanner; const char* plays; } cases[] = {
+        {nullptr, false, ""}, {nullptr, true, "banner.gif"}, {"flash", true, "banner.gif"}, {"gif", true, "test.swf"},
+    };
+    for (const auto& c : cases) {
+        forms::reset();
+        for (const char* f : {"test.swf", "banner.gif"}) QFile::remove(dir.filePath(f));
+        if (c.ownBanner) QFile::copy(gif, dir.filePath("banner.gif"));
+        if (c.swf) {
+            QFile swf(dir.filePath("test.swf"));
+            if (QByteArray(c.swf) == "gif") QFile::copy(gif, swf.fileName());
+            else ASSERT_TRUE(swf.open(QIODevice::WriteOnly) && swf.write("FWS\x0a not an animation Qt reads") > 0);
+        }
+        QMovie* movie = make()->ShockwaveFlash1->movie();
+        EXPECT_EQ(movie ? QFileInfo(movie->fileName()).fileName() : QString(), c.plays) << c.swf << c.ownBanner;
+        EXPECT_TRUE(!movie || movie->state() == QMovie::Running);
     }
-    for (int i = 0; i < 2; ++i) cn.Execute("INSERT INTO tblMPage2 (cCode, FrmFlg) VALUES ('', 1)");
-    forms::MsgBoxRecorder boxes;
-    w->Toolbar2_ButtonClick("EXI");
-    EXPECT_TRUE(ended);
-    EXPECT_TRUE(boxes.boxes().empty());
-    store::Recordset rs;
-    rs.Open("SELECT FrmFlg FROM tblMPage2", cn, store::Recordset::adOpenStatic, store::Recordset::adLockReadOnly);
-    EXPECT_EQ(rs.Fields(0).Value().integer(), 0);  // only the first row
-    rs.MoveNext();
-    EXPECT_EQ(rs.Fields(0).Value().integer(), 1);
 }
 
 TEST_F(MainWindow, ShutDownAsksFirst) {
@@ -162,11 +177,9 @@ TEST_F(MainWindow, FrameStaysLeftAndCentresVertically) {
         EXPECT_NEAR(w->frameTop(), c.top, 1) << c.height;
         EXPECT_EQ(w->ShockwaveFlash1->x(), forms::twips(2590));
     }
-    if (qEnvironmentVariableIsSet("VORLAN_SCREENS")) {
-        w->resize(1366, 768);
-        w->Form_Resize();
-        w->grab().save(VORLAN_SOURCE_DIR "/docs/screens/main.png");
-    }
+    QFile::copy(VORLAN_PROGRAM_DIR "/banner.gif", dir.filePath("banner.gif"));   // the picture with its banner
+    forms::reset();
+    make()->grab().save(screen("main.png"));
 }
 
 #include "main_window_test.moc"

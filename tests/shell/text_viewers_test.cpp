@@ -77,9 +77,15 @@ TEST_F(TextViewers, PrintBackAndResize) {
         EXPECT_TRUE(text.readAll().contains("C A Tools"));
     }
 
-    QTest::mouseClick(h->Picture4, Qt::LeftButton);
-    EXPECT_FALSE(h->isVisible());
-    EXPECT_TRUE(forms::get("main")->isVisible());
+    QTest::keyClick(ca->RichTextBox1, Qt::Key_P, Qt::ControlModifier);   // Print from the keyboard
+    EXPECT_EQ(asked, 2);
+    for (const bool byKey : {false, true}) {   // Back, by the picture and by Esc
+        h->show();
+        forms::get("main")->hide();
+        byKey ? QTest::keyClick(h->RichTextBox1, Qt::Key_Escape) : QTest::mouseClick(h->Picture4, Qt::LeftButton);
+        EXPECT_FALSE(h->isVisible());
+        EXPECT_TRUE(forms::get("main")->isVisible());
+    }
 
     h->setWindowState(Qt::WindowNoState);
     h->resize(400, 300);  // narrower than the text box
@@ -88,4 +94,29 @@ TEST_F(TextViewers, PrintBackAndResize) {
     EXPECT_EQ(h->RichTextBox1->y(), forms::twips(540));
     EXPECT_LE(h->Picture4->x() + h->Picture4->width(), h->width() + 1);
     EXPECT_EQ(h->Picture1->x(), 0);
+}
+
+// The windows of the family that nothing opens yet: caption, maximising, and what Print and Back do.
+TEST_F(TextViewers, SpareViewersShowAsDesigned) {
+    const QString unset = "Run-time error '91':\n\nObject variable or With block variable not set";
+    const struct { std::function<QWidget*()> make; const char* caption; bool maximised, browser; QString print, back; } cases[] = {
+        {[] { return new shell::release; }, "", true, false, "", ""},
+        {[] { return new shell::frmalied; }, "Tam ALieds", true, true, unset, unset},
+        {[] { return new shell::formsform; }, "Form1", false, true, "", ""},
+        {[] { return new shell::frmaliedcommon; }, "Form1", false, false, "", ""},
+    };
+    for (const auto& c : cases) {
+        std::unique_ptr<QWidget> w(c.make());
+        w->show();
+        EXPECT_EQ(w->windowTitle(), c.caption);
+        EXPECT_EQ(bool(w->windowState() & Qt::WindowMaximized), c.maximised) << c.caption;
+        EXPECT_EQ(w->findChild<QTextBrowser*>() != nullptr, c.browser) << c.caption;
+        for (const auto& [text, box] : {std::pair{"Print", c.print}, {"Back", c.back}}) {
+            forms::MsgBoxRecorder boxes;
+            for (QLabel* l : w->findChildren<QLabel*>())
+                if (l->text() == text) QTest::mouseClick(l, Qt::LeftButton);
+            EXPECT_EQ(boxes.boxes().empty() ? QString() : boxes.boxes().back().text, box) << c.caption << text;
+        }
+        EXPECT_EQ(w->isVisible(), c.back.isEmpty()) << c.caption;   // Back hides before it fails
+    }
 }

@@ -8,6 +8,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPdfView>
 #include <QTextBrowser>
@@ -18,6 +19,11 @@ OleContainer::OleContainer(QWidget* parent) : DocumentView(parent) {
     // The viewers take the mouse; watch their viewports so a click on the text reaches the window.
     textBrowser()->viewport()->installEventFilter(this);
     pdfView()->viewport()->installEventFilter(this);
+    // From the keyboard, Enter on the shown document is the click, and Tab passes over its links: they
+    // work in the full view that the click opens.
+    textBrowser()->setTextInteractionFlags(textBrowser()->textInteractionFlags() & ~Qt::LinksAccessibleByKeyboard);
+    textBrowser()->installEventFilter(this);
+    pdfView()->installEventFilter(this);
 }
 
 void OleContainer::setDataSource(DataControl* source) {
@@ -66,6 +72,13 @@ bool OleContainer::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonRelease &&
         static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
         emit Click();
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            emit Click();
+            return true;
+        }
+    }
     return DocumentView::eventFilter(watched, event);
 }
 

@@ -40,7 +40,7 @@ public:
     void DoVerb(int verb = vbOLEPrimary);
 
 signals:
-    // A left click anywhere on the shown document.
+    // A left click anywhere on the shown document, or Enter while it has the focus.
     void Click();
 
 protected:

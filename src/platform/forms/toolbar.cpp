@@ -1,5 +1,6 @@
 #include "platform/forms/toolbar.h"
 
+#include <QKeyEvent>
 #include <QToolButton>
 
 #include "platform/forms/errors.h"
@@ -58,6 +59,12 @@ ToolbarButton ButtonCollection::Add(const QString& key, const QString& caption, 
     button->setProperty(kKeyProperty, key);
     button->setProperty(kImageProperty, image);
     toolbar_.showImage(button);
+    // The bar is one stop of the Tab chain: its first button, then whichever the arrows last reached.
+    // A mouse press leaves the focus where it was.
+    if (QWidget* widget = toolbar_.widgetForAction(button)) {
+        widget->setFocusPolicy(buttons_.isEmpty() ? Qt::TabFocus : Qt::NoFocus);
+        widget->installEventFilter(&toolbar_);
+    }
     QObject::connect(button, &QAction::triggered, &toolbar_,
                      [toolbar = &toolbar_, key] { emit toolbar->ButtonClick(key); });
     buttons_.append(button);
@@ -90,6 +97,33 @@ void Toolbar::setImageList(const ImageList* images) {
 
 void Toolbar::showImage(QAction* button) const {
     if (images_) button->setIcon(images_->image(button->property(kImageProperty).toInt()));
+}
+
+void Toolbar::focusButtons() {
+    for (QAction* action : actions())
+        if (QWidget* b = widgetForAction(action); b && b->focusPolicy() == Qt::TabFocus) return b->setFocus(Qt::TabFocusReason);
+}
+
+bool Toolbar::eventFilter(QObject* watched, QEvent* event) {
+    auto* current = qobject_cast<QToolButton*>(watched);
+    if (!current || event->type() != QEvent::KeyPress) return QToolBar::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        current->click();
+        return true;
+    }
+    if (key != Qt::Key_Left && key != Qt::Key_Right) return QToolBar::eventFilter(watched, event);
+    QList<QToolButton*> stops;
+    for (QAction* action : actions())
+        if (auto* b = qobject_cast<QToolButton*>(widgetForAction(action)); b && b->isVisible() && b->isEnabled())
+            stops << b;
+    const qsizetype at = stops.indexOf(current);
+    if (at < 0) return false;
+    QToolButton* next = stops[(at + (key == Qt::Key_Right ? 1 : stops.size() - 1)) % stops.size()];
+    current->setFocusPolicy(Qt::NoFocus);
+    next->setFocusPolicy(Qt::TabFocus);
+    next->setFocus(Qt::TabFocusReason);
+    return true;
 }
 
 QMenu* Toolbar::menuOf(QAction* button, bool create) {

@@ -1,6 +1,8 @@
 #pragma once
 // The toolbar of the windows: buttons by key with caption, tool tip and image, drop-down entries by key.
 // ButtonClick carries the pressed button's key, ButtonMenuClick the button's and the entry's.
+// The keyboard reaches every button: Tab stops once on the bar, Left and Right step along it (round
+// from the last to the first), and Enter or Space presses the button that has the focus.
 #include <QAction>
 #include <QMenu>
 #include <QToolBar>
@@ -71,11 +73,16 @@ public:
     ButtonCollection Buttons;
 
     void setImageList(const ImageList* images);
+    // Gives the focus to the bar's stop in the Tab chain, the button the arrows last reached.
+    void focusButtons();
     const ImageList* imageList() const { return images_; }
 
 signals:
     void ButtonClick(const QString& key);
     void ButtonMenuClick(const QString& buttonKey, const QString& menuKey);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     friend class ButtonCollection;

@@ -30,6 +30,12 @@ QString chooseTextEditor(const ProgramLookup& lookup) {
     throw fileNotFound();
 }
 
+bool hasTextEditor(const ProgramLookup& lookup) {
+    for (const QString& editor : textEditors())
+        if (!lookup(editor).isEmpty()) return true;
+    return false;
+}
+
 void startTextEditor(const ProgramLookup& lookup) {
     if (!QProcess::startDetached(chooseTextEditor(lookup), {})) throw fileNotFound();
 }

@@ -16,6 +16,9 @@ const QStringList& textEditors();
 // The PATH lookup of the running system.
 QString findOnPath(const QString& program);
 
+// Whether the lookup finds any of them.
+bool hasTextEditor(const ProgramLookup& lookup = findOnPath);
+
 // The full path of the first editor the lookup finds; none raises 53 "File not found".
 QString chooseTextEditor(const ProgramLookup& lookup = findOnPath);
 

@@ -23,17 +23,6 @@ using forms::MsgBox;
 using forms::MsgBoxRecorder;
 using forms::RecordedBox;
 
-TEST(MsgBoxRecorder, RecordsBoxesAndAnswersFromItsQueueInOrder) {
-    MsgBoxRecorder recorder{forms::vbNo, forms::vbYes};
-    EXPECT_EQ(MsgBox("Are  you Sure?", forms::vbYesNo, "Exit Windows"), forms::vbNo);
-    EXPECT_EQ(MsgBox("again", forms::vbYesNo + forms::vbQuestion), forms::vbYes);
-    // The queue is spent: the first button answers.
-    EXPECT_EQ(MsgBox("You  Cancelled  Shut Down", forms::vbExclamation, " Sorry....."), forms::vbOK);
-    EXPECT_EQ(recorder.boxes(), (std::vector<RecordedBox>{{"Are  you Sure?", 4, "Exit Windows"},
-                                                          {"again", 36, "Vorlan"},
-                                                          {"You  Cancelled  Shut Down", 48, " Sorry....."}}));
-}
-
 TEST(MsgBox, FirstButtonAnswerOfEachButtonSet) {
     const std::vector<std::pair<int, int>> cases{
         {forms::vbOKOnly + forms::vbInformation, forms::vbOK}, {forms::vbOKCancel, forms::vbOK},

@@ -63,4 +63,29 @@ TEST_F(ToolbarClicks, ButtonsAndEntriesByKeyAndIndexAndTheirErrors) {
     for (const auto& [touch, number] : cases) EXPECT_EQ(basic::resume(touch).number(), number);
 }
 
+// One Tab stop for the bar; the arrows walk the visible, enabled buttons round; Enter and Space press.
+TEST_F(ToolbarClicks, KeyboardWalksTheBarAndPresses) {
+    toolbar.Buttons("rul").setEnabled(false);
+    const auto focusedKey = [&] {
+        for (QAction* a : toolbar.actions())
+            if (toolbar.widgetForAction(a) == QApplication::focusWidget()) return a->property("vorlanKey").toString();
+        return QString();
+    };
+    toolbar.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&toolbar));
+    toolbar.focusButtons();
+    const struct { Qt::Key key; const char* focused; QStringList events; } steps[] = {
+        {Qt::Key_Right, "bac", {}}, {Qt::Key_Right, "Act", {}}, {Qt::Key_Left, "bac", {}},
+        {Qt::Key_Return, "bac", {"bac"}}, {Qt::Key_Space, "bac", {"bac", "bac"}},
+    };
+    for (const auto& step : steps) {
+        QTest::keyClick(QApplication::focusWidget(), step.key);
+        EXPECT_EQ(focusedKey(), step.focused) << step.key;
+        EXPECT_EQ(events, step.events) << step.key;
+    }
+    // The bar is one stop: Tab finds no other button in it.
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(focusedKey(), "bac");
+}
+
 }  // namespace

@@ -1,5 +1,4 @@
-// The three files: each opens with its own password only and holds its tables with the declared
-// types the record-set layer maps.
+// The three files: each opens with its own password only, and names are found by index.
 #include "library_files.h"
 
 #include <QDir>
@@ -20,31 +19,6 @@ TEST(Files, OpenWithTheirPasswordAndNoOther)
         for (const LibraryFileName& other : files)
             EXPECT_EQ(readable(path, other.password), other.password == f.password)
                 << f.file.toStdString() << " with " << other.password.toStdString();
-    }
-}
-
-TEST(Files, TablesHoldTheColumnsWithTheirDeclaredTypes)
-{
-    const struct { LibraryFileName file; QString table, columns; } cases[] = {
-        {kFile1, "Kerala", "id:INTEGER name:TEXT SecDesc:TEXT type:TEXT ChapterNo:INTEGER fname:LONGBINARY"},
-        {kFile1, "Keralafields",
-         "ID:INTEGER ActSection:TEXT VatJudgmentSection:TEXT VatJudgmentCitation:TEXT VatJudgmentSubject:TEXT "
-         "RJudjmentSection:TEXT RJudgmentCitation:TEXT RJudgmentSubject:TEXT CircularNumber:TEXT CircularSection:TEXT "
-         "CircularSubject:TEXT NotificationNumber:TEXT NotifcaionSection:TEXT NotificationSubject:TEXT"},
-        {kFile1, "Globalvat", "name:TEXT type:TEXT fname:LONGBINARY"},
-        {kFile2, "Globalvatse", "name:TEXT type:TEXT fname:LONGBINARY"},
-        {kFile3, "Allshedule", "ID:INTEGER Schname:TEXT Stid:TEXT fname:LONGBINARY"},
-        {kFile3, "CAPractice", "ID:INTEGER name:TEXT Type:TEXT Weight:DOUBLE fname:LONGBINARY"},
-    };
-    for (const auto& c : cases) {
-        QStringList columns;
-        for (const QVariantList& row : query(sampleLibrary(), c.file, "PRAGMA table_info(" + c.table + ")"))
-            columns << row[1].toString() + ':' + row[2].toString();
-        EXPECT_EQ(columns.join(' '), c.columns);
-        // Text compares without regard to case, as the program's queries expect.
-        const QString sql = query(sampleLibrary(), c.file, "SELECT sql FROM sqlite_master WHERE name = ?", {c.table})[0][0].toString();
-        EXPECT_EQ(sql.count(" TEXT COLLATE NOCASE"), c.columns.count(":TEXT")) << sql.toStdString();
-        EXPECT_FALSE(sql.contains("UNIQUE", Qt::CaseInsensitive));
     }
 }
 

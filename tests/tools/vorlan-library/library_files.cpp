@@ -43,12 +43,6 @@ QString sampleLibrary()
     return builtOnce({"--source", kSource}, dir);
 }
 
-QString syntheticLibrary()
-{
-    static QTemporaryDir dir;
-    return builtOnce({"--synthetic", "40"}, dir);
-}
-
 namespace {
 
 // Opens the file read-only with its key (when given) and runs one statement; throws with SQLite's message.

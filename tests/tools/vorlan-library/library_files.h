@@ -20,9 +20,8 @@ inline const LibraryFileName kFile1{"0909214SD01.mdb", "bergamot"}, kFile2{"1309
 // Runs the builder in-process; err receives its messages.
 int build(const QStringList& arguments, QString* err = nullptr);
 
-// The sample library and a small generated one, each built once for the whole test program.
+// The sample library, built once for the whole test program.
 QString sampleLibrary();
-QString syntheticLibrary();
 
 // Every row of a query on a file of the folder (Null as an invalid QVariant); throws std::runtime_error.
 std::vector<QVariantList> query(const QString& dir, const LibraryFileName& file, const QString& sql,
