@@ -43,7 +43,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     if (timing) std::fprintf(stderr, "library open after %lld ms\n", started.elapsed());
-    returns::CreateReturnStores(basic::AppPath());
+    if (!returns::ReturnStoresReady(basic::AppPath())) return 1;
     if (timing) std::fprintf(stderr, "return files ready after %lld ms\n", started.elapsed());
 
     app::defineWindows();
