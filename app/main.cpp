@@ -106,7 +106,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     if (timing) std::fprintf(stderr, "library open after %lld ms\n", started.elapsed());
-    returns::CreateReturnStores(basic::UserPath());
+    if (!returns::ReturnStoresReady(basic::UserPath())) return 1;
     if (timing) std::fprintf(stderr, "return files ready after %lld ms\n", started.elapsed());
 
     app::defineWindows();

@@ -1,6 +1,7 @@
 #include "housekeeping/frm_back_up_restore.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -14,6 +15,8 @@
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/timer.h"
 #include "platform/forms/twips.h"
+#include "platform/store/database_file.h"
+#include "platform/store/errors.h"
 #include "platform/system/drives.h"
 #include "returns/module2.h"
 
@@ -181,7 +184,7 @@ QString frmBackUpRestore::fnBackUpExists(QComboBox* box) {
 void frmBackUpRestore::Form_Activate() {
     procDriveList();
     cboDrive->setCurrentIndex(0);
-    fso = sys::FileSystemObject(copyBytes);
+    fso = sys::FileSystemObject();
     WaitPointer wait;
     for (int i = 0; i < cboDrive->count(); ++i) {
         // Drive roots of the old platform knew no case, so upper-casing one changed only its looks;
@@ -227,8 +230,8 @@ void frmBackUpRestore::Command7_Click() {
     if (!backupDriveWritable()) return;
     if (!backupDrive.isEmpty()) {
         const basic::RuntimeError e = basic::resume([&] {
-            fso.CopyFile(QStringLiteral("TAXDATA.mdb"), backupDrive + kFolder + "\\TAXDATA.mdb", true);
-            fso.CopyFile(QStringLiteral("nwForm10DB.mdb"), backupDrive + kFolder + "\\nwForm10DB.mdb", true);
+            copyReturnFile(QStringLiteral("TAXDATA.mdb"), backupDrive + kFolder + "\\TAXDATA.mdb");
+            copyReturnFile(QStringLiteral("nwForm10DB.mdb"), backupDrive + kFolder + "\\nwForm10DB.mdb");
             Label2->setText(QStringLiteral("BackUp  Path "));
             box();
             Label2->setText(QStringLiteral("BackUp  Path "));
@@ -239,8 +242,8 @@ void frmBackUpRestore::Command7_Click() {
     // Not caught: a folder that cannot be made (or is there already) ends in the run-time error box.
     fso.CreateFolder(selectedDrive + kFolder);
     const basic::RuntimeError e = basic::resume([&] {
-        fso.CopyFile(QStringLiteral("TAXDATA.mdb"), selectedDrive + kFolder + "\\TAXDATA.mdb", true);
-        fso.CopyFile(QStringLiteral("nwForm10DB.mdb"), selectedDrive + kFolder + "\\nwForm10DB.mdb", true);
+        copyReturnFile(QStringLiteral("TAXDATA.mdb"), selectedDrive + kFolder + "\\TAXDATA.mdb");
+        copyReturnFile(QStringLiteral("nwForm10DB.mdb"), selectedDrive + kFolder + "\\nwForm10DB.mdb");
         box();
     });
     if (e.number()) forms::MsgBox(e.description());
@@ -250,10 +253,31 @@ void frmBackUpRestore::Command6_Click() {
     // No question first and no reconnecting after: each store operation connects anew.
     const basic::RuntimeError e = basic::resume([&] {
         for (const char* file : {"TAXDATA.mdb", "nwForm10DB.mdb", "Form10Data.mdb"})
-            fso.CopyFile(backupDrive + kFolder + "\\" + QLatin1String(file), QLatin1String(file), true);
+            copyReturnFile(backupDrive + kFolder + "\\" + QLatin1String(file), QLatin1String(file));
         forms::MsgBox(QStringLiteral("File is   Restored    "), forms::vbInformation, kSuccessTitle);
     });
     if (e.number()) forms::MsgBox(e.description(), forms::vbCritical, QStringLiteral("Error"));
+}
+
+// The files are databases, copied through the database itself: the copy is the last committed state
+// of its source, is checked before it takes the target's place, and leaves no journal of the old
+// target to be played into it. A copy that fails leaves the target as it was and says why in words
+// the user can act on.
+void frmBackUpRestore::copyReturnFile(const QString& source, const QString& target) {
+    const QString from = sys::FileSystemObject::resolve(source), to = sys::FileSystemObject::resolve(target);
+    const basic::RuntimeError e = basic::resume([&] { store::CopyDatabaseFile(from, to); });
+    if (e.number() == 0) return;
+    const QString kept = QStringLiteral("\nThe file there was left as it was");
+    if (store::isDiskFull(e))
+        throw basic::RuntimeError(e.number(),
+                                  QStringLiteral("The drive is full: ") + QDir::toNativeSeparators(to) +
+                                      QStringLiteral(" could not be written.") + kept +
+                                      QStringLiteral("; free some space on the drive and try again."));
+    if (store::isDamaged(e))
+        throw basic::RuntimeError(e.number(), QStringLiteral("The file ") + QDir::toNativeSeparators(from) +
+                                                  QStringLiteral(" is damaged (") + e.description() +
+                                                  QStringLiteral(") and was not copied.") + kept + QStringLiteral("."));
+    throw e;
 }
 
 void frmBackUpRestore::Command6_GotFocus() { setBackColor(Command6, kYellow); }

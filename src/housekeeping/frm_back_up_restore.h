@@ -35,7 +35,6 @@ public:
     QString selectedDrive;             // cboDrive's text at its last click
     std::int16_t blinkCount = 0;
     sys::FileSystemObject fso;         // made anew at each activation
-    sys::ByteCopy copyBytes = sys::copyAllBytes;  // what each new fso copies with
 
     // ---- handlers -----------------------------------------------------------------------------------
     void Form_Load();
@@ -65,6 +64,7 @@ protected:
 
 private:
     bool backupDriveWritable();   // a box when not
+    void copyReturnFile(const QString& source, const QString& target);
     bool loaded_ = false;   // false until the first showing and again after the window is unloaded
 };
 

@@ -26,6 +26,9 @@ class Recordset;
 
 namespace returns {
 
+// The source of the error that saving raises for a bill date that is no day; its text is for the user.
+inline const QString kBillDateSource = QStringLiteral("Bill date");
+
 class frmNormal : public QWidget {
     Q_OBJECT
 public:

@@ -12,12 +12,14 @@
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
 #include "platform/reports/crystal_report.h"
+#include "platform/store/errors.h"
 #include "returns/frm_normal.h"
 #include "returns/frm_select.h"
 #include "returns/module2.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QSignalBlocker>
 #include <vector>
 
 namespace returns {
@@ -59,13 +61,17 @@ void putBack(forms::FlexGrid* grid, const std::vector<QStringList>& rows) {
         for (int c = 0; c < rows[r].size(); ++c) grid->setTextMatrix(r, c, rows[r][c]);
 }
 
-// The failure in words for the user: what was being stored, and what went wrong with it.
+// The failure in words for the user: what was being stored, what went wrong with it, what to do.
 QString failureText(const basic::RuntimeError& e, const QString& step) {
-    const QString cause = e.number() == 13
-                              ? QStringLiteral("a bill date is not a date of the form DD-MM-YY")
-                              : QStringLiteral("the store refused it (") + e.description() + QStringLiteral(")");
-    return QStringLiteral("Nothing was saved: ") + cause + QStringLiteral(", while ") + step +
-           QStringLiteral(".\nThe bills are still on the screen; correct them and press Add again.");
+    const QString kept = QStringLiteral(".\nThe bills are still on the screen; ");
+    if (e.source() == kBillDateSource)
+        return QStringLiteral("Nothing was saved: ") + e.description() + kept +
+               QStringLiteral("correct the date and press Add again.");
+    if (store::isDiskFull(e))
+        return QStringLiteral("Nothing was saved: the disk is full, while ") + step + kept +
+               QStringLiteral("free some space on the disk and press Add again.");
+    return QStringLiteral("Nothing was saved: the store refused it (") + e.description() + QStringLiteral("), while ") +
+           step + kept + QStringLiteral("correct them and press Add again.");
 }
 
 }  // namespace
@@ -171,6 +177,12 @@ void frmNormal::Form_Load() {
     List4->Clear();
     List4->AddItem(QStringLiteral("Local Purchase"));
     List4->AddItem(QStringLiteral("Inter State Purchase"));
+    {
+        // The kind is chosen before any store work: a load that the store stops half-way must not leave
+        // Add writing the purchases to the other kind's table. Its reading comes at the end, as always.
+        const QSignalBlocker quiet(List4);
+        List4->setListIndex(0);
+    }
     lblCustomerName->setText(DealerName);
     fg1->setTextMatrix(1, 0, QStringLiteral("1"));
     fg1->setCol(1);
@@ -183,7 +195,7 @@ void frmNormal::Form_Load() {
     procReadSales_1();
     fg1->setRow(1);
     fg1->setCol(1);
-    List4->setListIndex(0);
+    List4_Click();
 }
 
 // Each activation reloads the month from the store; what was typed and not added is gone.
@@ -284,6 +296,12 @@ void frmNormal::List4_Click() {
 // fresh key rows and the tblCommon row just written, fills them. The second staging runs before the
 // box, so that the transaction is not held open while the box waits; it reports nothing either way.
 void frmNormal::addMonth(bool byEnter) {
+    if (List4->ListIndex() < 0) {
+        forms::MsgBox(QStringLiteral("Nothing was saved: no purchase kind is chosen.\nChoose Local Purchase or Inter "
+                                     "State Purchase in the list at the top left and press Add again."),
+                      forms::vbExclamation, QStringLiteral("Not saved"));
+        return;
+    }
     const Typed typed{cellsOf(fg1), cellsOf(fg2), txtDate->text(), txtPlace->text()};
     QApplication::setOverrideCursor(Qt::WaitCursor);
     ConnectReturnStore();
@@ -291,40 +309,50 @@ void frmNormal::addMonth(bool byEnter) {
     transaction.BeginTrans();
     storeStep_.clear();
     const bool local = List4->ListIndex() == 0;
+    // The registers' routines pass over their failures; one that cost the transaction is the failure of
+    // the step that met it, so each such step is followed by a check.
+    const auto step = [&](const char* name, const std::function<void()>& work) {
+        storeStep_ = QString::fromLatin1(name);
+        work();
+        transaction.ConfirmTrans();
+    };
     const basic::RuntimeError failure = basic::resume([&] {
-        storeStep_ = QStringLiteral("preparing the registers");
-        procLoadKey();
+        step("preparing the registers", [&] { procLoadKey(); });
         if (local) {
             procWritePurchase();
-            procReadPurchase();
-            storeStep_ = QStringLiteral("preparing the purchase register");
-            ClearTable(QStringLiteral("tblRptPurchase1"));
-            procLoadRptPurchase();
-            ClearTable(QStringLiteral("tblRptPurchaseC"));
-            procLoadRptPurchaseC();
+            step("reading the purchase bills back", [&] { procReadPurchase(); });
+            step("preparing the purchase register", [&] {
+                ClearTable(QStringLiteral("tblRptPurchase1"));
+                procLoadRptPurchase();
+                ClearTable(QStringLiteral("tblRptPurchaseC"));
+                procLoadRptPurchaseC();
+            });
         } else {
             procWritePurchaseInterState();
-            procReadPurchaseInterState();
-            storeStep_ = QStringLiteral("preparing the purchase register");
-            ClearTable(QStringLiteral("tblRptPurchaseInterState"));
-            procRptPurchaseInterState();
-            ClearTable(QStringLiteral("tblRptPurchaseInterStateC"));
-            procLoadRptPurchaseInterStateC();
+            step("reading the purchase bills back", [&] { procReadPurchaseInterState(); });
+            step("preparing the purchase register", [&] {
+                ClearTable(QStringLiteral("tblRptPurchaseInterState"));
+                procRptPurchaseInterState();
+                ClearTable(QStringLiteral("tblRptPurchaseInterStateC"));
+                procLoadRptPurchaseInterStateC();
+            });
         }
         procWriteSales();
-        procReadSales_1();
+        step("reading the sales bills back", [&] { procReadSales_1(); });
         procWriteCommon();
-        storeStep_ = QStringLiteral("preparing the sales register");
-        ClearTable(QStringLiteral("tblRptSales"));
-        procLoadRptSalesC();
-        ClearTable(QStringLiteral("tblRptSales1"));
-        procLoadRptSales();
-        storeStep_ = QStringLiteral("preparing the registers");
-        procLoadKey();
-        if (local) procLoadRptPurchaseC();
-        else procLoadRptPurchaseInterStateC();
-        procLoadRptSalesC();
-        transaction.CommitTrans();
+        step("preparing the sales register", [&] {
+            ClearTable(QStringLiteral("tblRptSales"));
+            procLoadRptSalesC();
+            ClearTable(QStringLiteral("tblRptSales1"));
+            procLoadRptSales();
+        });
+        step("preparing the registers", [&] {
+            procLoadKey();
+            if (local) procLoadRptPurchaseC();
+            else procLoadRptPurchaseInterStateC();
+            procLoadRptSalesC();
+        });
+        step("writing the month to the disk", [&] { transaction.CommitTrans(); });
     });
     QApplication::restoreOverrideCursor();
     if (failure.number() != 0) {

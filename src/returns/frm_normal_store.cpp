@@ -35,6 +35,25 @@ QString bandTotal(double sum) {
     return basic::CStr(Variant(basic::CDbl(Variant(basic::Format(Variant(sum), QStringLiteral("#0.00"))))));
 }
 
+// The bill's date, or an error that says which bill and what is wrong with its date: a text of the
+// form DD-MM-YY can still name a day that does not exist.
+QDate billDate(const QString& cell, const QString& bill) {
+    QDate date;
+    const basic::RuntimeError e = basic::resume([&] { date = DateFromBillText(cell); });
+    if (e.number() != 13) {
+        if (e.number() != 0) throw e;
+        return date;
+    }
+    const QString t = basic::Trim(cell);
+    bool digits = IsBillDateShape(t) && t.size() == 8;
+    for (int i : {0, 1, 3, 4, 6, 7}) digits = digits && i < t.size() && t.at(i).isDigit();
+    throw basic::RuntimeError(13,
+                              QStringLiteral("the date ") + t + QStringLiteral(" of ") + bill +
+                                  (digits ? QStringLiteral(" is a day that does not exist")
+                                          : QStringLiteral(" is not a date of the form DD-MM-YY")),
+                              kBillDateSource);
+}
+
 }  // namespace
 
 QString frmNormal::monthFilter(const QString& table) const {
@@ -74,12 +93,12 @@ void frmNormal::storeGridRows(store::Recordset& rs, bool sales, bool withPlace, 
     const QString what = sales ? QStringLiteral("sales bill ") : QStringLiteral("purchase bill ");
     std::int16_t row = 1;
     while (row < grid->Rows()) {
-        storeStep_ = what + QString::number(row);
+        storeStep_ = QStringLiteral("saving ") + what + QString::number(row);
         rs.AddNew();
         for (int c = 0; c < 10; ++c) {
             const QString cell = grid->TextMatrix(row, c);
             if (basic::Trim(cell).size() == 0) continue;
-            if (c == 1 && !dateAsText) rs.Fields(QStringLiteral("BillDate")) = Variant(DateFromBillText(cell));
+            if (c == 1 && !dateAsText) rs.Fields(QStringLiteral("BillDate")) = Variant(billDate(cell, what + QString::number(row)));
             else rs.Fields(QString::fromLatin1(kBillColumns[c])) = Variant(cell);
         }
         const auto control = [&](const char* column, const QString& text) {
@@ -108,6 +127,7 @@ void frmNormal::writeBills(BillKind kind) {
     const QString table = tableOf(int(kind));
     const bool withPlace = kind != BillKind::Sales;
 
+    storeStep_ = kind == BillKind::Sales ? QStringLiteral("saving the sales bills") : QStringLiteral("saving the purchase bills");
     ConnectReturnStore();
     if (rsBills.State() == 1) rsBills.Close();
     procRecExists(table);
@@ -186,8 +206,11 @@ void frmNormal::readBills(BillKind kind, bool ordered) {
             ignore([&] { rsLookup.MoveNext(); });
             if (basic::resume([&] { more = !rsLookup.Eof(); }).number() != 0) more = false;
         }
-        ignore([&] { moveTextBox(grid, box); });
     }
+    // The editor stands over the cell the reading left current and must hold that cell's text: the next
+    // move of the cursor writes the editor's text into the cell it leaves.
+    ignore([&] { moveTextBox(grid, box); });
+    ignore([&] { box->setText(grid->Text()); });
     ignore([&] { rsLookup.Close(); });
     ignore([&] {
         if (purchases) procTotalCal1();

@@ -1,8 +1,14 @@
 #include "returns/return_schema.h"
 
+#include "platform/basic/runtime_error.h"
+#include "platform/forms/msgbox.h"
 #include "platform/store/connection.h"
+#include "platform/store/database_file.h"
+#include "platform/store/errors.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <cstdio>
 
 namespace returns {
 
@@ -164,29 +170,62 @@ QStringList ReturnSchemaSql() {
     return out;
 }
 
-void CreateReturnStores(const QString& folder) {
-    const QString main = connectionString(folder, QStringLiteral("nwForm10DB.mdb"));
-    if (!QFileInfo::exists(store::databasePath(main))) {
-        store::Connection cn;
-        cn.Create(main);
-        // All tables or none: a half-made file would never be completed, as only a missing one is.
+namespace {
+
+// A file that lacks tables (made by a program stopped half-way, or an older one) gets them, all in one
+// transaction, and keeps what it holds.
+void completeTables(const QString& connection) {
+    store::Connection cn;
+    cn.Open(connection);
+    const QStringList present = cn.TableNames();
+    QStringList missing;
+    const QStringList sql = ReturnSchemaSql();
+    for (size_t t = 0; t < ReturnSchema().size(); ++t)
+        if (!present.contains(ReturnSchema()[t].name, Qt::CaseInsensitive)) missing << sql[qsizetype(t)];
+    if (!missing.isEmpty()) {
         cn.BeginTrans();
         try {
-            for (const QString& sql : ReturnSchemaSql()) cn.Execute(sql);
+            for (const QString& statement : missing) cn.Execute(statement);
             cn.CommitTrans();
         } catch (...) {
-            cn.RollbackTrans();
+            (void)basic::resume([&] { cn.RollbackTrans(); });
             throw;
         }
-        cn.Close();
     }
+    cn.Close();
+}
+
+}  // namespace
+
+void CreateReturnStores(const QString& folder) {
+    const QString main = connectionString(folder, QStringLiteral("nwForm10DB.mdb"));
+    if (!QFileInfo::exists(store::databasePath(main))) store::BuildDatabaseFile(store::databasePath(main), ReturnSchemaSql());
+    else completeTables(main);
     for (const char* file : {"Form10Data.mdb", "TAXDATA.mdb"}) {
-        const QString cs = connectionString(folder, QString::fromLatin1(file));
-        if (QFileInfo::exists(store::databasePath(cs))) continue;
-        store::Connection cn;
-        cn.Create(cs);
-        cn.Close();
+        const QString path = store::databasePath(connectionString(folder, QString::fromLatin1(file)));
+        if (!QFileInfo::exists(path)) store::BuildDatabaseFile(path, {});
     }
+}
+
+bool ReturnStoresReady(const QString& folder) {
+    const basic::RuntimeError e = basic::resume([&] { CreateReturnStores(folder); });
+    if (e.number() == 0) return true;
+    QString what;
+    if (store::isDiskFull(e))
+        what = QStringLiteral("The disk is full.\n\nFree some space on the disk and start Vorlan again.");
+    else if (store::isDamaged(e))
+        what = QStringLiteral("The file nwForm10DB.mdb in it is damaged (") + e.description() +
+               QStringLiteral(").\n\nMove that file out of the folder and start Vorlan again; then bring your months "
+                              "back with BackUp / Restore.");
+    else
+        what = QStringLiteral("Vorlan may not write in this folder (") + e.description() +
+               QStringLiteral(").\n\nVorlan keeps the months you key in this folder. Start Vorlan from a folder you "
+                              "may write to, or ask for write access to this one, and start again.");
+    const QString text = QStringLiteral("Vorlan cannot make its return files in the folder\n") +
+                         QDir::toNativeSeparators(folder) + QStringLiteral("\n\n") + what;
+    std::fprintf(stderr, "%s\n", qPrintable(text));
+    forms::MsgBox(text, forms::vbCritical, QStringLiteral("Vorlan"));
+    return false;
 }
 
 }  // namespace returns

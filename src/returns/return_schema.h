@@ -26,7 +26,12 @@ const std::vector<ReturnTable>& ReturnSchema();
 QStringList ReturnSchemaSql();
 
 // In `folder`: nwForm10DB.mdb with every table when it is missing, and the empty Form10Data.mdb and
-// TAXDATA.mdb that backup and restore copy. Files that exist are left as they are.
+// TAXDATA.mdb that backup and restore copy. A file is made whole or not at all; a nwForm10DB.mdb that
+// lacks tables gets them, and keeps what it holds.
 void CreateReturnStores(const QString& folder);
+
+// CreateReturnStores at the start of the program. When the files cannot be made, a box names the
+// folder, says why and what the user can do, and the answer is false; nothing half-made stays behind.
+bool ReturnStoresReady(const QString& folder);
 
 }  // namespace returns

@@ -5,8 +5,10 @@
 #include "platform/documents/data_control.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/window_registry.h"
+#include "platform/store/errors.h"
 #include "platform/system/register_server.h"
 
+#include <QDir>
 #include <QWidget>
 
 namespace shell {
@@ -26,8 +28,21 @@ BrowserLayout layoutRecord{};
 
 const QString kDriver = QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};");
 
-void showDebugBox(const QString& prefix, const basic::RuntimeError& e) {
+// A library file damaged after the start is named, with what the user can do; any other failure keeps
+// the routine's own box.
+void showDebugBox(const QString& prefix, const basic::RuntimeError& e, const QString& file) {
+    if (store::isDamaged(e)) {
+        forms::MsgBox(QStringLiteral("The library file\n") + QDir::toNativeSeparators(file) +
+                          QStringLiteral("\nis damaged (") + e.description() +
+                          QStringLiteral(").\n\nReinstall the library beside the program and start Vorlan again."),
+                      forms::vbCritical, QStringLiteral("Vorlan"));
+        return;
+    }
     forms::MsgBox(prefix + e.description() + e.detail(), forms::vbExclamation, QStringLiteral("_IN_DEBUG"));
+}
+
+QString fileOf(const store::Connection& connection) {
+    return connection.isNothing() ? QString() : connection.FilePath();
 }
 
 std::shared_ptr<clsTableCollection> readCatalogue(const store::Connection& cn) {
@@ -104,7 +119,7 @@ store::Recordset getRecordSet(const QString& query, const QString& tableName) {
     try {
         return openStatic(query, getConnectionForTable(tableName));
     } catch (const basic::RuntimeError& e) {
-        showDebugBox(QStringLiteral("MyMOD.getRecordSet : "), e);
+        showDebugBox(QStringLiteral("MyMOD.getRecordSet : "), e, fileOf(getConnectionForTable(tableName)));
     }
     return store::Recordset::nothing();
 }
@@ -113,7 +128,7 @@ store::Recordset getRecordSetByCn(const QString& query, const store::Connection&
     try {
         return openStatic(query, connection);
     } catch (const basic::RuntimeError& e) {
-        showDebugBox(QStringLiteral("MyMOD.getRecordSetByCn : "), e);
+        showDebugBox(QStringLiteral("MyMOD.getRecordSetByCn : "), e, fileOf(connection));
     }
     return store::Recordset::nothing();
 }
@@ -135,7 +150,7 @@ bool IsQueryReturnsNullCnStr(const QString& query, const QString& connectionStri
         if (result) PointStandbyDocument();
         return result;
     } catch (const basic::RuntimeError& e) {
-        showDebugBox(QStringLiteral("MyMOD.IsQueryReturnsNullCnStr : "), e);
+        showDebugBox(QStringLiteral("MyMOD.IsQueryReturnsNullCnStr : "), e, store::databasePath(connectionString));
     }
     return false;
 }

@@ -105,23 +105,48 @@ static QString poolKeyOf(const QString& path, const QString& key) {
     return QFileInfo(path).canonicalFilePath() + u'\n' + key;
 }
 
-std::shared_ptr<Database> Database::open(const QString& path, const QString& key, bool create, bool readOnly) {
-    std::shared_ptr<Database> db(new Database);
-    const int flags = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
-    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &db->db_, flags, nullptr) != SQLITE_OK)
-        throw databaseError(db->db_);
+sqlite3* openHandle(const QString& path, const QString& key, int flags) {
+    sqlite3* db = nullptr;
+    const auto fail = [&db] {
+        basic::RuntimeError e = databaseError(db);
+        sqlite3_close_v2(db);
+        throw e;
+    };
+    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &db, flags, nullptr) != SQLITE_OK) fail();
+    // The wait must stand before the first read: that read is the one that meets another program's lock.
+    sqlite3_busy_timeout(db, 2000);
     if (!key.isEmpty()) {
         const QByteArray k = key.toUtf8();
-        sqlite3_key(db->db_, k.constData(), int(k.size()));
+        sqlite3_key(db, k.constData(), int(k.size()));
     }
-    // The key is only tried by the first read: make that read now, so a wrong key fails here.
-    if (sqlite3_exec(db->db_, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw databaseError(db->db_);
-    registerSqlFunctions(db->db_);
-    sqlite3_busy_timeout(db->db_, 2000);
-    // Pages are decrypted as they are read; a larger cache keeps an index table's pages decrypted between
-    // the searches of one run (memory is taken only as pages are touched).
-    sqlite3_exec(db->db_, "PRAGMA cache_size = -65536", nullptr, nullptr, nullptr);
+    // The key is only tried by the first read: make that read now, so a wrong key fails here. The read
+    // also rolls back what a program stopped in the middle of a transaction left in the file.
+    if (sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK) fail();
+    if (pageLimit > 0) {
+        const QByteArray pragma = "PRAGMA max_page_count = " + QByteArray::number(pageLimit);
+        sqlite3_exec(db, pragma.constData(), nullptr, nullptr, nullptr);
+    }
+    return db;
+}
+
+static int openFlags(bool create, bool readOnly) {
+    return readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+}
+
+// Pages are decrypted as they are read; a larger cache keeps an index table's pages decrypted between
+// the searches of one run (memory is taken only as pages are touched).
+static void prepareHandle(sqlite3* db) {
+    registerSqlFunctions(db);
+    sqlite3_exec(db, "PRAGMA cache_size = -65536", nullptr, nullptr, nullptr);
+}
+
+std::shared_ptr<Database> Database::open(const QString& path, const QString& key, bool create, bool readOnly) {
+    std::shared_ptr<Database> db(new Database);
+    db->db_ = openHandle(path, key, openFlags(create, readOnly));
+    db->path_ = path;
+    db->key_ = key;
+    db->readOnly_ = readOnly;
+    prepareHandle(db->db_);
     db->poolKey_ = poolKeyOf(path, key);
     return db;
 }
@@ -170,6 +195,21 @@ void Database::acquireAhead(const QString& path, const QString& key, bool readOn
                        }).share();
 }
 
+void Database::reopenAll(const QString& path) {
+    const QString prefix = QFileInfo(path).canonicalFilePath() + u'\n';
+    std::lock_guard lock(poolMutex());
+    for (auto& [poolKey, weak] : pool()) {
+        if (!poolKey.startsWith(prefix)) continue;
+        const std::shared_ptr<Database> db = weak.lock();
+        if (!db) continue;
+        if (db->transactionDepth > 0) throw storeError(kObjectOpen);
+        sqlite3* fresh = openHandle(db->path_, db->key_, openFlags(false, db->readOnly_));
+        sqlite3_close_v2(db->db_);
+        db->db_ = fresh;
+        prepareHandle(db->db_);
+    }
+}
+
 Database::~Database() {
     if (!poolKey_.isEmpty()) {
         std::lock_guard lock(poolMutex());
@@ -180,17 +220,23 @@ Database::~Database() {
 }
 
 long Database::execute(const QString& sql) {
-    Statement st(db_, translateSql(sql).sql);
+    Statement st(*this, translateSql(sql).sql);
     while (st.step()) {
     }
     return sqlite3_column_count(st.get()) == 0 ? long(sqlite3_changes(db_)) : 0L;
 }
 
-Statement::Statement(sqlite3* db, const QString& sql) : db_(db) {
+void Database::confirmTransaction() const {
+    if (transactionDepth > 0 && sqlite3_get_autocommit(db_))
+        throw providerError(lastFailure.isEmpty() ? QStringLiteral("The transaction was rolled back.") : lastFailure);
+}
+
+Statement::Statement(Database& db, const QString& sql) : db_(db) {
+    db.confirmTransaction();
     const QByteArray utf8 = sql.toUtf8();
     const char* tail = nullptr;
-    if (sqlite3_prepare_v2(db, utf8.constData(), int(utf8.size()), &stmt_, &tail) != SQLITE_OK)
-        throw databaseError(db);
+    if (sqlite3_prepare_v2(db.handle(), utf8.constData(), int(utf8.size()), &stmt_, &tail) != SQLITE_OK)
+        throw databaseError(db.handle());
     if (!stmt_) throw providerError(QStringLiteral("Invalid SQL statement."));
     for (; tail && *tail; ++tail)
         if (*tail != ';' && !QChar::isSpace(uchar(*tail))) {
@@ -208,7 +254,8 @@ bool Statement::step() {
     const int rc = sqlite3_step(stmt_);
     if (rc == SQLITE_ROW) return true;
     if (rc == SQLITE_DONE) return false;
-    basic::RuntimeError e = databaseError(db_);
+    basic::RuntimeError e = databaseError(db_.handle());
+    db_.lastFailure = e.description();
     sqlite3_reset(stmt_);
     throw e;
 }
@@ -284,6 +331,11 @@ void Connection::RollbackTrans() {
     detail::Database& db = openDatabase(d_);
     const int level = db.transactionDepth;
     if (level == 0) throw providerError(QStringLiteral("No transaction is active."));
+    if (sqlite3_get_autocommit(db.handle())) {
+        // The database has rolled the whole transaction back already, on the failure that led here.
+        db.transactionDepth = level - 1;
+        return;
+    }
     if (level == 1) {
         db.execute(QStringLiteral("ROLLBACK"));
     } else {
@@ -293,9 +345,13 @@ void Connection::RollbackTrans() {
     db.transactionDepth = level - 1;
 }
 
+void Connection::ConfirmTrans() const {
+    openDatabase(d_).confirmTransaction();
+}
+
 QStringList Connection::TableNames() const {
     detail::Database& db = openDatabase(d_);
-    detail::Statement st(db.handle(),
+    detail::Statement st(db,
                          QStringLiteral("SELECT name FROM sqlite_master WHERE type IN ('table','view') ORDER BY name"));
     QStringList names;
     while (st.step()) names << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st.get(), 0)));

@@ -40,6 +40,9 @@ public:
     int BeginTrans();                          // nesting level, from 1
     void CommitTrans();
     void RollbackTrans();
+    // Raises the failure that ended the transaction when the database has rolled it back by itself (a
+    // full disk, an I/O error), though the statement that met it was passed over; nothing otherwise.
+    void ConfirmTrans() const;
 
     QStringList TableNames() const;            // every table and view of the file
     QString FilePath() const;                  // the file the connection string names, "\" read as "/"

@@ -32,6 +32,9 @@ basic::RuntimeError storeError(int number) {
                               "invalid in this context.");
         break;
     case kObjectNotSet: text = QStringLiteral("Object variable or With block variable not set"); break;
+    case kFileNotFound: text = QStringLiteral("File not found"); break;
+    case kPermissionDenied: text = QStringLiteral("Permission denied"); break;
+    case kPathNotFound: text = QStringLiteral("Path not found"); break;
     default: break;
     }
     return basic::RuntimeError(number, text, kSource);
@@ -43,6 +46,17 @@ basic::RuntimeError providerError(const QString& description) {
 
 basic::RuntimeError databaseError(sqlite3* db) {
     return providerError(QString::fromUtf8(sqlite3_errmsg(db)));
+}
+
+// The texts are SQLite's own (sqlite3_errstr of SQLITE_FULL, SQLITE_CORRUPT, SQLITE_NOTADB) and the
+// platform's "Disk full".
+bool isDiskFull(const basic::RuntimeError& e) {
+    return e.number() == 61 || e.description() == QLatin1String(sqlite3_errstr(SQLITE_FULL));
+}
+
+bool isDamaged(const basic::RuntimeError& e) {
+    return e.description() == QLatin1String(sqlite3_errstr(SQLITE_CORRUPT)) ||
+           e.description() == QLatin1String(sqlite3_errstr(SQLITE_NOTADB));
 }
 
 }  // namespace store

@@ -15,9 +15,17 @@ inline constexpr int kBadArguments = 3001;             // among them a filter th
 inline constexpr int kNotUpdatable = 3251;
 inline constexpr int kConnectionUnusable = 3709;      // a recordset opened on a closed connection
 inline constexpr int kObjectNotSet = 91;               // a handle that holds nothing
+inline constexpr int kFileNotFound = 53;               // the file-level errors of whole-file work
+inline constexpr int kPermissionDenied = 70;
+inline constexpr int kPathNotFound = 76;
 
 basic::RuntimeError storeError(int number);            // the platform's text for the numbers above
 basic::RuntimeError providerError(const QString& description);
 basic::RuntimeError databaseError(sqlite3* db);        // the database's own message
+
+// The disk or the drive was full: the database said so, or a file could not be written for want of space.
+bool isDiskFull(const basic::RuntimeError& e);
+// The file is not a database, or its pages do not hold together.
+bool isDamaged(const basic::RuntimeError& e);
 
 }  // namespace store

@@ -290,7 +290,7 @@ void rereadRow(RowSet& set, size_t index) {
         }
     if (columns.empty()) return;
     detail::Database& db = databaseOf(set);
-    detail::Statement st(db.handle(), u"SELECT "_s + names.join(u", "_s) + u" FROM "_s + quoted(set.table) +
+    detail::Statement st(db, u"SELECT "_s + names.join(u", "_s) + u" FROM "_s + quoted(set.table) +
                                           u" WHERE rowid = ?"_s);
     sqlite3_bind_int64(st.get(), 1, set.rows[index].rowid);
     if (!st.step()) return;
@@ -481,12 +481,12 @@ void Recordset::Open(const QString& source, const Connection& connection, int cu
     if (t.rowidAt >= 0) {
         // A view or an alias clash refuses the extra rowid; such a set is then read-only.
         try {
-            st = std::make_unique<detail::Statement>(db.handle(), t.sqlWithRowid());
+            st = std::make_unique<detail::Statement>(db, t.sqlWithRowid());
             withRowid = true;
         } catch (const basic::RuntimeError&) {
         }
     }
-    if (!st) st = std::make_unique<detail::Statement>(db.handle(), t.sql);
+    if (!st) st = std::make_unique<detail::Statement>(db, t.sql);
     sqlite3_stmt* s = st->get();
     const int columnCount = sqlite3_column_count(s);
     if (columnCount == 0) {
@@ -711,7 +711,7 @@ void Recordset::Update() {
         QString sql = u"INSERT INTO "_s + quoted(set.table);
         if (columns.empty()) sql += u" DEFAULT VALUES"_s;
         else sql += u" ("_s + names.join(u", "_s) + u") VALUES ("_s + QString(u"?, "_s).repeated(qsizetype(columns.size())).chopped(2) + u')';
-        detail::Statement st(db.handle(), sql);
+        detail::Statement st(db, sql);
         for (size_t k = 0; k < columns.size(); ++k)
             bindValue(st.get(), int(k + 1), row.values[columns[k]], set.columns[columns[k]].type);
         st.step();
@@ -719,7 +719,7 @@ void Recordset::Update() {
     } else if (!columns.empty()) {
         QString sql = u"UPDATE "_s + quoted(set.table) + u" SET "_s;
         for (qsizetype k = 0; k < names.size(); ++k) sql += (k ? u", "_s : u""_s) + names[k] + u" = ?"_s;
-        detail::Statement st(db.handle(), sql + u" WHERE rowid = ?"_s);
+        detail::Statement st(db, sql + u" WHERE rowid = ?"_s);
         for (size_t k = 0; k < columns.size(); ++k)
             bindValue(st.get(), int(k + 1), row.values[columns[k]], set.columns[columns[k]].type);
         sqlite3_bind_int64(st.get(), int(columns.size() + 1), row.rowid);

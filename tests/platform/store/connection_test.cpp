@@ -69,4 +69,24 @@ TEST_F(Connections, ShareOneHandleSoATransactionCoversEveryConnection) {
     EXPECT_EQ(query(QStringLiteral("SELECT Count(*) AS n FROM tblRptSales")), QStringLiteral("0"));
 }
 
+// On a full disk the database rolls the whole transaction back by itself: no statement after that
+// failure runs outside the transaction, and the rollback that follows is quiet.
+TEST_F(Connections, TransactionEndedByTheDatabaseTakesNoFurtherStatement) {
+    cn.BeginTrans();
+    cn.Execute(QStringLiteral("DELETE * FROM  tblPurchase1"));
+    cn.Execute(QStringLiteral("PRAGMA max_page_count = ") + query(QStringLiteral("PRAGMA page_count")));
+    const auto refused = [&](const std::function<void()>& statement) {
+        const basic::RuntimeError e = basic::resume(statement);
+        return e.description() == QLatin1String("database or disk is full") ? e.number() : 0;
+    };
+    EXPECT_EQ(refused([&] { cn.Execute("INSERT INTO tblPurchase1 (Party) VALUES ('" + QString(20000, u'x') + "')"); }),
+              -2147467259);
+    EXPECT_EQ(refused([&] { cn.Execute(QStringLiteral("INSERT INTO tblMPage2 (cCode) VALUES ('')")); }), -2147467259);
+    EXPECT_EQ(refused([&] { cn.ConfirmTrans(); }), -2147467259);
+    EXPECT_EQ(errorNumber([&] { cn.RollbackTrans(); }), 0);
+    EXPECT_EQ(query(QStringLiteral("SELECT Count(*) AS n FROM tblMPage2")), QStringLiteral("0"));
+    EXPECT_EQ(query(QStringLiteral("SELECT Count(*) AS n FROM tblPurchase1")), QStringLiteral("4"));
+    EXPECT_EQ(cn.BeginTrans(), 1);
+}
+
 }  // namespace
