@@ -2,6 +2,7 @@
 // 256 KB and a run of 3 MB without a paragraph mark, the 1 MB document of many paragraphs, and 8 million
 // empty paragraphs. "read" is the RTF reader alone; "show" is reading plus the first page drawn in a view.
 // Beside them the floor: the same text handed to Qt as plain text and drawn, and the bytes read from SQLite.
+#include "qt_bench_main.h"
 #include "platform/documents/document_view.h"
 #include "platform/documents/rtf_reader.h"
 
@@ -152,10 +153,4 @@ BENCHMARK(BM_ReadEmptyParagraphs)->Arg(8000000)->Iterations(1)->Unit(benchmark::
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+int main(int argc, char** argv) { return runOffscreen<QApplication>(argc, argv); }

@@ -1,5 +1,6 @@
 // The pick list as the user types at 100,000 index rows: one key in txtSearch refilters the list and redraws
 // the window; and a document of 1 MB opened in the document window. Beside them, the same filter on SQLite.
+#include "qt_bench_main.h"
 #include "library/frm_global_sections.h"
 #include "library/keralaforms.h"
 #include "platform/documents/rtf_reader.h"
@@ -162,10 +163,4 @@ BENCHMARK(BM_OpenOneMegabyteDocument)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::k
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+int main(int argc, char** argv) { return runOffscreen<QApplication>(argc, argv); }

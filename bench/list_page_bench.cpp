@@ -1,6 +1,7 @@
 // The list page of the state browser at 100,000 act sections: one key in the search box (the typing search
 // over the whole list, and the document the chosen entry prepares), and one word search. Beside them, the
 // same prefix scan in plain code and the same statements straight on SQLite.
+#include "qt_bench_main.h"
 #include "library/frm_kerala.h"
 #include "library/keralaforms.h"
 #include "platform/basic/app_path.h"
@@ -135,11 +136,8 @@ BENCHMARK(BM_WordSearchFloor)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    const int code = runOffscreen<QApplication>(argc, argv);
     forms::reset();
     shell::cnLibrary1 = shell::cnLibrary2 = shell::cnLibrary3 = store::Connection();
-    return 0;
+    return code;
 }

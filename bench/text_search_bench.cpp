@@ -5,6 +5,7 @@
 // a topic do; and "dealer goods", two of the commonest words, in nearly every document, the worst case.
 // The library is built twice, with and without its text index; the difference gives the index's build
 // time and its share of the first library file, reported with the searches' counters and on stderr.
+#include "qt_bench_main.h"
 #include "circular_titles.h"
 #include "library/library_text.h"
 #include "platform/store/connection.h"
@@ -211,10 +212,4 @@ BENCHMARK(BM_LikeScanAllCommonWords_Sqlite)->Unit(benchmark::kMillisecond)->Repe
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+int main(int argc, char** argv) { return runOffscreen<QGuiApplication>(argc, argv); }
