@@ -5,7 +5,6 @@
 #include "platform/documents/full_viewer.h"
 #include "platform/documents/ole_container.h"
 #include "platform/store/connection.h"
-#include "platform/store/recordset.h"
 
 #include "support/printers.h"
 
@@ -25,17 +24,9 @@ protected:
         store::Connection connection;
         connection.Create(connect);
         connection.Execute(QStringLiteral("CREATE TABLE Globalvat (name TEXT COLLATE NOCASE, fname LONGBINARY)"));
-        store::Recordset rows;
-        rows.Open(QStringLiteral("SELECT * FROM Globalvat"), connection, store::Recordset::adOpenKeyset,
-                  store::Recordset::adLockOptimistic);
-        for (const auto& [name, bytes] : std::initializer_list<std::pair<const char*, basic::Variant>>{{"default", QByteArray("{\\rtf1 Document not {\\b available}}")},
-                                          {"circular 12", QByteArray("<html><body>Circular No. 12/2008</body></html>")},
-                                          {"nothing", basic::Variant::null()}}) {
-            rows.AddNew();
-            rows.Fields(QStringLiteral("name")) = basic::Variant(name);
-            rows.Fields(QStringLiteral("fname")) = bytes;
-            rows.Update();
-        }
+        connection.Execute(QStringLiteral("INSERT INTO Globalvat VALUES ('default', CAST('{\\rtf1 Document not {\\b available}}' "
+                                          "AS BLOB)), ('circular 12', CAST('<html><body>Circular No. 12/2008</body></html>' "
+                                          "AS BLOB)), ('nothing', NULL)"));
         MSRDC1.setConnect(connect);
         OLE1.setDataSource(&MSRDC1);
     }

@@ -43,9 +43,13 @@ protected:
         return QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + dir.path() + file + tail;
     }
 
-    QString query(const QString& sql) {
+    store::Recordset open(const QString& sql) {
         store::Recordset rs;
         rs.Open(sql, cn, store::Recordset::adOpenStatic, store::Recordset::adLockOptimistic);
+        return rs;
+    }
+    QString query(const QString& sql) {
+        store::Recordset rs = open(sql);
         return rowsText(rs);
     }
 
