@@ -33,15 +33,9 @@ protected:
 };
 
 TEST_F(FilterRecTest, EachClassOfFieldFiltersOrAsksAgain) {
-    struct Case {
-        int column;
-        QString typed;
-        QString filter;     // "0" for none; "unchanged" when the text must leave the list as it was
-        long rows;
-        QString box;        // the box's text, empty for none
-    };
+    // filter: "0" for none, "unchanged" when the text must leave the list as it was; box: its text, "" for none.
     const QString unchanged = QStringLiteral("unchanged");
-    const std::vector<Case> cases = {
+    const struct { int column; QString typed, filter; long rows; QString box; } cases[] = {
         {1, "2", "ID =2", 1, ""},
         {1, " 3 ", "ID =3", 1, ""},
         {1, "x", unchanged, 3, "Not a valid numeric.\nPlease enter a numeric value."},
@@ -64,10 +58,8 @@ TEST_F(FilterRecTest, EachClassOfFieldFiltersOrAsksAgain) {
         {5, "18-Dec-1982", "Day>=#18/Dec/1982# AND Day<#19/Dec/1982# ", 2, ""},
         {6, "anything", "0", 3, ""},
     };
-    for (const Case& c : cases) {
-        w->txtSearch->blockSignals(true);
-        w->txtSearch->clear();
-        w->txtSearch->blockSignals(false);
+    for (const auto& c : cases) {
+        { const QSignalBlocker quiet(w->txtSearch); w->txtSearch->clear(); }
         w->RecSet().setFilter(0);
         w->DataGrid1->Refresh();
         w->setSearchColumnIndex(std::int16_t(c.column));
@@ -76,9 +68,7 @@ TEST_F(FilterRecTest, EachClassOfFieldFiltersOrAsksAgain) {
         const basic::Variant filter = w->RecSet().Filter();
         if (c.filter == unchanged || c.filter == u"0") EXPECT_EQ(filter, basic::Variant(0)) << c.typed.toStdString();
         else EXPECT_EQ(basic::CStr(filter), c.filter) << c.typed.toStdString();
-        if (c.rows >= 0) {
-            EXPECT_EQ(w->DataGrid1->RowCount(), c.rows) << c.typed.toStdString();
-        }
+        if (c.rows >= 0) { EXPECT_EQ(w->DataGrid1->RowCount(), c.rows) << c.typed.toStdString(); }
         ASSERT_EQ(boxes.boxes().size(), c.box.isEmpty() ? 0u : 1u) << c.typed.toStdString();
         if (!c.box.isEmpty()) {
             EXPECT_EQ(boxes.boxes()[0], (forms::RecordedBox{c.box, 0, forms::standardTitle()}));
@@ -120,7 +110,7 @@ TEST_F(FilterRecTest, AFilterTheRecordSetRefusesShowsItsBox) {
     forms::MsgBoxRecorder boxes;
     w->txtSearch->setText(QStringLiteral("sale"));
     ASSERT_EQ(boxes.boxes().size(), 1u);
-    EXPECT_TRUE(boxes.boxes()[0].text.startsWith(QStringLiteral("FilterRecErr "))) << boxes.boxes()[0].text.toStdString();
-    EXPECT_TRUE(boxes.boxes()[0].text.contains(QStringLiteral(" | No: ")));
+    const QString& text = boxes.boxes()[0].text;
+    EXPECT_TRUE(text.startsWith(QStringLiteral("FilterRecErr ")) && text.contains(QStringLiteral(" | No: "))) << text.toStdString();
     EXPECT_EQ(boxes.boxes()[0].style, 0);
 }

@@ -68,19 +68,15 @@ TEST_F(Kerala, AtStartNeitherPageShowsAndTheKeyboardIsOnTheToolbar) {
 }
 
 TEST_F(Kerala, EachToolbarKeyBringsItsTreeForwardWithItsFocusRule) {
-    struct Row {
-        const char* key;
-        forms::TreeView* tree;   // nullptr: the pages stay as they were
-        bool takesFocus;
-    };
-    const Row table[] = {
+    // tree nullptr: the pages stay as they were.
+    const struct { const char* key; forms::TreeView* tree; bool takesFocus; } table[] = {
         {"Act", w->Tvw, true},  {"rul", w->tvw2, true},   {"circu", w->tvwc, false}, {"not", w->tvwn, true},
         {"sch", nullptr, false}, {"jud", w->tvw3, false}, {"forms", nullptr, false}, {"Ali", w->tvwali, true},
         {"rec", w->tvwr, false}, {"ca", nullptr, false},
     };
     showActive();
     QWidget* lastFront = nullptr;
-    for (const Row& row : table) {
+    for (const auto& row : table) {
         SCOPED_TRACE(row.key);
         w->Toolbar2->setFocus();
         press(row.key);
@@ -88,9 +84,7 @@ TEST_F(Kerala, EachToolbarKeyBringsItsTreeForwardWithItsFocusRule) {
         EXPECT_EQ(w->Frame1->isVisible(), lastFront || row.tree);
         EXPECT_FALSE(w->Frame2->isVisible());
         if (row.tree) lastFront = row.tree;
-        if (lastFront) {
-            EXPECT_EQ(frontTree(), lastFront);
-        }
+        if (lastFront) { EXPECT_EQ(frontTree(), lastFront); }
         EXPECT_EQ(QApplication::focusWidget(), row.takesFocus ? row.tree : static_cast<QWidget*>(w->Toolbar2));
     }
     EXPECT_TRUE(boxes.boxes().empty());
@@ -120,12 +114,8 @@ TEST_F(Kerala, UnansweredKeysAndDropDownEntriesDoNothing) {
 }
 
 TEST_F(Kerala, ResizeCentresThePagesAndTheListPageNeverShrinksBelowWhatItHas) {
-    struct Row {
-        int W, H;                                   // the window's inner size
-        int frame1Left, frame2Left, frame2Height, list1Height, backTop;
-    };
-    // Starting from the list page's designed height of 5535, one window resized in turn.
-    const Row table[] = {
+    // W x H: the window's inner size. Starting from the list page's designed height of 5535, one window resized in turn.
+    const struct { int W, H, frame1Left, frame2Left, frame2Height, list1Height, backTop; } table[] = {
         {13650, 8265, 2678, 458, 5535, 3195, 4725},   // the step-4 value 5535 is not above 5535: kept
         {6000, 8265, 0, 0, 5535, 3195, 4725},         // narrower than both frames: left 0, never below
         {12000, 8265, 1852, 0, 5535, 3195, 4725},     // halves to even, as the language assigns
@@ -137,7 +127,7 @@ TEST_F(Kerala, ResizeCentresThePagesAndTheListPageNeverShrinksBelowWhatItHas) {
     w->setWindowState(Qt::WindowNoState);
     w->Frame2->resize(w->Frame2->width(), forms::twips(5535));
     bool first = true;
-    for (const Row& row : table) {
+    for (const auto& row : table) {
         SCOPED_TRACE(testing::Message() << row.W << " x " << row.H);
         w->resize(forms::twips(row.W), forms::twips(row.H));
         if (first) w->show();

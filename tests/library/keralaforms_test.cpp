@@ -12,8 +12,7 @@
 using forms::toTwips;
 
 TEST_F(LibraryWindows, BackEscAndTheCloseBoxHideAndShowTheStateBrowserOnlyForKerala) {
-    const std::vector<std::int16_t> states = {14, 3};
-    for (std::int16_t state : states) {
+    for (const std::int16_t state : {14, 3}) {
         shell::currentStateNo = state;
         for (int way = 0; way < 3; ++way) {
             QWidget* browser = forms::get(QStringLiteral("frmkerala"));
@@ -21,9 +20,7 @@ TEST_F(LibraryWindows, BackEscAndTheCloseBoxHideAndShowTheStateBrowserOnlyForKer
             kf()->show();
             if (way == 0) kf()->Picture4->click();
             if (way == 1) QTest::keyClick(kf(), Qt::Key_Escape);
-            if (way == 2) {
-                EXPECT_FALSE(kf()->close());
-            }
+            if (way == 2) { EXPECT_FALSE(kf()->close()); }
             EXPECT_FALSE(kf()->isVisible()) << state << " way " << way;
             EXPECT_EQ(browser->isVisible(), state == 14) << state << " way " << way;
         }

@@ -97,12 +97,7 @@ protected:
 
 TEST_F(TextSearch, EachKindOfQueryFindsItsDocuments) {
     open(true);
-    struct Case {
-        const char* typed;
-        const char* kind;
-        const char* ids;
-    };
-    const Case cases[] = {
+    const struct { const char* typed, *kind, *ids; } cases[] = {
         {"input tax credit", "", "2 3"},  // the title holding the words above the body that says them once
         {"\"plant and machinery\"", "", "1"},
         {"\"machinery and plant\"", "", ""},
@@ -114,7 +109,7 @@ TEST_F(TextSearch, EachKindOfQueryFindsItsDocuments) {
         {"input credit", "Circular", "3"},
         {"NOT credit", "", ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         QStringList ids = search(QString::fromUtf8(c.typed), c.kind).split(u' ', Qt::SkipEmptyParts);
         if (QByteArray(c.typed).contains(" OR ")) ids.sort();  // either term may rank first
         EXPECT_EQ(ids.join(u' '), c.ids) << c.typed;

@@ -28,23 +28,3 @@ protected:
     QTemporaryDir dir;
 };
 
-// The rows of a sample source table (data/library/<table>.tsv): column name to text; an empty field is
-// absent (Null), a field "" is the empty text.
-inline QList<QHash<QString, QString>> sampleRows(const QString& table) {
-    QFile f(QStringLiteral(VORLAN_SOURCE_DIR "/data/library/") + table + QStringLiteral(".tsv"));
-    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << table.toStdString();
-    QStringList header;
-    QList<QHash<QString, QString>> rows;
-    for (const QString& line : QString::fromUtf8(f.readAll()).split(u'\n')) {
-        if (line.isEmpty() || line.startsWith(u'#')) continue;
-        const QStringList fields = line.split(u'\t');
-        if (header.isEmpty()) { header = fields; continue; }
-        QHash<QString, QString> row;
-        for (int i = 0; i < fields.size() && i < header.size(); ++i) {
-            if (fields[i].isEmpty()) continue;
-            row.insert(header[i], fields[i] == u"\"\"" ? QString() : fields[i]);
-        }
-        rows.append(row);
-    }
-    return rows;
-}
