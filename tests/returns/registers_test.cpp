@@ -15,8 +15,6 @@ namespace {
 
 class Registers : public ReturnWindow {
 protected:
-    // Where the PDFs go: docs/screens when the screens are asked for, else the build folder's screens.
-    QString out(const QString& name) { return screen(name); }
     static QString pdfText(const QString& pdf) {
         QProcess p;
         p.start("pdftotext", {"-layout", pdf, "-"});
@@ -33,8 +31,8 @@ protected:
         EXPECT_TRUE(preview->isVisible());
         EXPECT_TRUE(preview->windowState() & Qt::WindowMaximized);
         EXPECT_GE(preview->pageCount(), 1);
-        preview->savePdf(out(pdf));
-        return pdfText(out(pdf));
+        preview->savePdf(screen(pdf));   // beside the screens: docs/screens when they are asked for
+        return pdfText(screen(pdf));
     }
 };
 
@@ -46,12 +44,7 @@ TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
                  {"06-03-26", "Madras Export Co", "33010", "S-2", "CST", "100", "2", "", "102.00"}});
     w->txtPlace->setText("Kochi");
 
-    struct Case {
-        int kind;
-        QPushButton* returns::frmNormal::*button;
-        const char* pdf;
-        QStringList lines;   // each must be in the text, in this order
-    } local[] = {
+    struct Case { int kind; QPushButton* returns::frmNormal::*button; const char* pdf; QStringList lines; } local[] = {   // lines in order
         {0, &returns::frmNormal::cmdPrint1, "register-purchase.pdf",
          {"PURCHASE REGISTER - LOCAL PURCHASES", "Month: March", "Place: Kochi", "Date: 15-03-26",
           "1 02-03-26 Alpha Stores 32070 A-1 4 1000.00 40.00 1.00 1041.00",
@@ -90,23 +83,18 @@ TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
     for (const Case& c : interState) check(c);
     if (qEnvironmentVariableIsSet("VORLAN_SCREENS")) {
         QPdfDocument doc;
-        doc.load(out("register-purchase.pdf"));
+        doc.load(screen("register-purchase.pdf"));
         ASSERT_EQ(doc.status(), QPdfDocument::Status::Ready);
         const QSizeF points = doc.pagePointSize(0);
-        doc.render(0, (points * 1.5).toSize()).save(out("register-purchase-page1.png"));
+        doc.render(0, (points * 1.5).toSize()).save(screen("register-purchase-page1.png"));
         w->CrystalReport1->window()->resize(1280, 900);
         w->CrystalReport1->window()->showTop();
-        w->CrystalReport1->window()->grab().save(out("register-preview.png"));
+        w->CrystalReport1->window()->grab().save(screen("register-preview.png"));
     }
 }
 
 TEST_F(Registers, FileThatCannotBeReadIsNamed) {
-    struct Case {
-        const char* name;
-        std::function<void(const QString&)> spoil;
-        const char* file;
-        const char* says;
-    } cases[] = {
+    const struct { const char* name; std::function<void(const QString&)> spoil; const char* file, *says; } cases[] = {
         {"template missing", [](const QString& f) { QFile::remove(f + "/RptSales.rpt"); }, "RptSales.rpt", "is not there"},
         {"data file not a database",
          [](const QString& f) {
@@ -119,15 +107,14 @@ TEST_F(Registers, FileThatCannotBeReadIsNamed) {
          },
          "nwForm10DB.mdb", "cannot be read"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         c.spoil(folder.path());
         const auto boxes = press([&] { w->Command2_Click(); });
         ASSERT_EQ(boxes.size(), 1u);
-        EXPECT_EQ(boxes[0].title, "Not printed");
-        EXPECT_EQ(boxes[0].style, 48);
-        EXPECT_TRUE(boxes[0].text.contains(QDir::toNativeSeparators(folder.filePath(c.file)))) << boxes[0].text.toStdString();
-        EXPECT_TRUE(boxes[0].text.contains(c.says)) << boxes[0].text.toStdString();
+        EXPECT_EQ(std::pair(boxes[0].style, boxes[0].title), std::pair(48, QString("Not printed")));
+        EXPECT_TRUE(boxes[0].text.contains(QDir::toNativeSeparators(folder.filePath(c.file))) && boxes[0].text.contains(c.says))
+            << boxes[0].text.toStdString();
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     }
 }

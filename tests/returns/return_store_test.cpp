@@ -69,10 +69,8 @@ TEST_F(ReturnStore, ClearTableEmptiesEveryMonth) {
 
 // The dates of typed bills as Add reads them.
 TEST(Module2, DateFromBillText) {
-    struct {
-        const char* text;
-        QDate date;
-    } dates[] = {{"26-09-08", QDate(2008, 9, 26)}, {" 01-12-09 ", QDate(2009, 12, 1)}, {"13-01-99", QDate(1999, 1, 13)}};
+    const struct { const char* text; QDate date; } dates[] = {
+        {"26-09-08", QDate(2008, 9, 26)}, {" 01-12-09 ", QDate(2009, 12, 1)}, {"13-01-99", QDate(1999, 1, 13)}};
     for (const auto& tc : dates) EXPECT_EQ(DateFromBillText(tc.text), tc.date) << tc.text;
     // "26-09-2008" takes "20" as its year; a text that is no date is the caller's error 13.
     EXPECT_EQ(DateFromBillText("26-09-2008"), QDate(2020, 9, 26));

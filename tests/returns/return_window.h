@@ -86,6 +86,9 @@ protected:
         return boxes.boxes();
     }
     std::vector<forms::RecordedBox> add() { return press([&] { w->cmdAdd_Click(); }); }
+    // The texts of the labels and boxes, joined by blanks.
+    template <class... Shown>
+    static QString texts(Shown*... shown) { return QStringList{shown->text()...}.join(' '); }
 
     QTemporaryDir folder;
     std::unique_ptr<returns::frmNormal> w;

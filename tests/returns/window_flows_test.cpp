@@ -94,18 +94,11 @@ TEST_F(WindowFlows, PurchaseKindSwitchesTheGridAndTheRates) {
          "VALUES ('', 'March', 'From Chennai', '2026-03-04', 250, '4')");
     auto* w = forms::get<frmNormal>("frmNormal");
     w->Show();
-    struct Case {
-        int index;
-        const char* party;
-        const char* lastRate;
-        const char* amount4;
-    } cases[] = {{1, "From Chennai", "      20", "250.00"}, {0, "Local", "     20       ", "0.00"}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.party);
+    const struct { int index; const char* party, *lastRate, *amount4; } cases[] = {{1, "From Chennai", "      20", "250.00"}, {0, "Local", "     20       ", "0.00"}};
+    for (const auto& c : cases) {
         w->List4->setListIndex(c.index);
-        EXPECT_EQ(w->fg1->TextMatrix(1, 2), c.party);
-        EXPECT_EQ(w->List2->List(4), c.lastRate);
-        EXPECT_EQ(w->Label14->text(), c.amount4);
+        EXPECT_EQ(QStringList({w->fg1->TextMatrix(1, 2), w->List2->List(4), w->Label14->text()}),
+                  QStringList({c.party, c.lastRate, c.amount4}));
     }
 }
 
