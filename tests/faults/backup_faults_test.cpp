@@ -4,7 +4,6 @@
 #include "platform/system/drives.h"
 #include "returns/return_schema.h"
 
-#include <QPushButton>
 #include <QTest>
 #include <QThread>
 
