@@ -101,12 +101,8 @@ TEST_F(CentralWindow, EveryLinkOfThePagesLeadsToItsDocument) {
 // Each sequence of presses, from a fresh window, and what the right-hand area shows after it.
 TEST_F(CentralWindow, ToolbarBringsOnePageForward) {
     const struct { std::vector<const char*> keys; const char* shows; } cases[] = {
-        {{}, ""},
-        {{"Act"}, "OLE1 Label3"},
-        {{"rul"}, "OLE3 Label3"},
-        {{"Act", "forms"}, "OLE2 Label3"},
-        {{"forms", "rul", "Act"}, "OLE1 Label3"},
-        {{"circu"}, ""},
+        {{}, ""}, {{"Act"}, "OLE1 Label3"}, {{"rul"}, "OLE3 Label3"}, {{"Act", "forms"}, "OLE2 Label3"},
+        {{"forms", "rul", "Act"}, "OLE1 Label3"}, {{"circu"}, ""},
         {{"Act", "circu", "CP", "BP", "not", "sch", "jud", "Ali", "rec", "ca"}, "OLE1 Label3"},
     };
     for (const auto& c : cases) {
@@ -174,12 +170,9 @@ TEST_F(CentralWindow, PageOpensInFullWithLiveLinks) {
 // The keys that reach objects nothing sets end in the run-time error box; the window stays as it was.
 TEST_F(CentralWindow, UnsetObjectsAreReportedAndTheWindowStays) {
     const struct { const char* node; const char* key; bool enter; bool reported; } cases[] = {
-        {"DEP", nullptr, false, true},   // Assam
-        {"COM", nullptr, true, true},    // Andhra Pradesh, by Enter
-        {"EMP", nullptr, false, true},   // chattisgarh
-        {"Del", nullptr, false, false},  // Delhi
-        {"CAT", nullptr, true, false},   // Arunachal Pradesh
-        {nullptr, "print", false, true},
+        // Assam, Andhra Pradesh by Enter, chattisgarh, Delhi, Arunachal Pradesh by Enter; two toolbar keys.
+        {"DEP", nullptr, false, true}, {"COM", nullptr, true, true}, {"EMP", nullptr, false, true},
+        {"Del", nullptr, false, false}, {"CAT", nullptr, true, false}, {nullptr, "print", false, true},
         {nullptr, "dele", false, true},
     };
     const forms::RecordedBox unset{QStringLiteral("Run-time error '91':\n\nObject variable or With block variable not set"),

@@ -3,8 +3,6 @@
 #include "library_window_fixture.h"
 
 #include <QApplication>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 #include <QToolButton>
 
