@@ -10,7 +10,6 @@
 
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTextBrowser>
 
 #include <gtest/gtest.h>
 

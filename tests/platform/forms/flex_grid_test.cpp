@@ -75,12 +75,8 @@ TEST(FlexGrid, CellGeometryPointsAtTheCellEvenWhenScrolled) {
 
 TEST(FlexGrid, RemoveItemShiftsRowsUpAndKeepsTheLastOne) {
     const struct { int rows, remove, current; QStringList firstColumn; int error, rowAfter; } cases[] = {
-        {4, 2, 2, {"0", "1", "3"}, 0, 2},
-        {4, 3, 3, {"0", "1", "2"}, 0, 2},
-        {4, 1, 3, {"0", "2", "3"}, 0, 2},
-        {2, 1, 1, {"0", "1"}, 30015, 1},
-        {3, 0, 1, {"0", "1", "2"}, 30009, 1},
-        {3, 5, 1, {"0", "1", "2"}, 30009, 1},
+        {4, 2, 2, {"0", "1", "3"}, 0, 2}, {4, 3, 3, {"0", "1", "2"}, 0, 2}, {4, 1, 3, {"0", "2", "3"}, 0, 2},
+        {2, 1, 1, {"0", "1"}, 30015, 1}, {3, 0, 1, {"0", "1", "2"}, 30009, 1}, {3, 5, 1, {"0", "1", "2"}, 30009, 1},
     };
     for (const auto& tc : cases) {
         Grid t(tc.rows);

@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QTest>
-#include <QToolButton>
 
 #include "platform/forms/runtime_errors.h"
 #include "support/printers.h"
