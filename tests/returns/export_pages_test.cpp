@@ -4,7 +4,6 @@
 #include "return_window.h"
 #include "shell/main_window.h"
 
-#include <QLineEdit>
 #include <QTest>
 
 namespace {

@@ -1,12 +1,10 @@
 // The return store: the tables of nwForm10DB.mdb and the shared routines of Module2.
 #include "platform/basic/app_path.h"
 #include "platform/basic/runtime_error.h"
-#include "platform/store/recordset.h"
 #include "returns/module2.h"
 #include "returns/return_schema.h"
 #include "support/printers.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

@@ -1,7 +1,9 @@
-// The three files: each opens with its own password only, and names are found by index.
+// The three files: each opens with its own password only, names are found by index, and each document
+// is held as the bytes of its file.
 #include "library_files.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -32,6 +34,15 @@ TEST(Files, DocumentNamesAreFoundByIndexNotByScanning)
             plan += row.last().toString() + '\n';
         EXPECT_TRUE(plan.contains("USING INDEX Kerala_name")) << plan.toStdString();
     }
+}
+
+TEST(Files, DocumentsKeepTheBytesOfTheirFiles)
+{
+    const auto rows = query(sampleLibrary(), kFile1, "SELECT fname FROM Kerala WHERE name = '1'");
+    QFile file(kSource + "/documents/act-section-1.rtf");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    ASSERT_EQ(rows.size(), 1u);
+    EXPECT_EQ(rows[0][0].toByteArray(), file.readAll());
 }
 
 }  // namespace

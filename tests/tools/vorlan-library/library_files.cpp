@@ -5,6 +5,7 @@
 #include "support/qt_app.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -29,18 +30,13 @@ int build(const QStringList& arguments, QString* err)
     return code;
 }
 
-static QString builtOnce(const QStringList& what, QTemporaryDir& dir)
-{
-    QString err;
-    if (!QFile::exists(dir.filePath(kFile1.file)) && build(what + QStringList{"--out", dir.path()}, &err) != 0)
-        ADD_FAILURE() << err.toStdString();
-    return dir.path();
-}
-
 QString sampleLibrary()
 {
     static QTemporaryDir dir;
-    return builtOnce({"--source", kSource}, dir);
+    QString err;
+    if (!QFile::exists(dir.filePath(kFile1.file)) && build({"--source", kSource, "--out", dir.path()}, &err) != 0)
+        ADD_FAILURE() << err.toStdString();
+    return dir.path();
 }
 
 namespace {
@@ -67,11 +63,8 @@ struct Db {
         int step;
         while ((step = sqlite3_step(st)) == SQLITE_ROW) {
             QVariantList row;
-            for (int c = 0; c < sqlite3_column_count(st); ++c) {
-                const int type = sqlite3_column_type(st, c);
-                const QByteArray bytes(static_cast<const char*>(sqlite3_column_blob(st, c)), sqlite3_column_bytes(st, c));
-                row << (type == SQLITE_NULL ? QVariant() : type == SQLITE_BLOB ? QVariant(bytes) : QVariant(QString::fromUtf8(bytes)));
-            }
+            for (int c = 0; c < sqlite3_column_count(st); ++c)
+                row << QByteArray(static_cast<const char*>(sqlite3_column_blob(st, c)), sqlite3_column_bytes(st, c));
             rows.push_back(row);
         }
         sqlite3_finalize(st);
@@ -93,6 +86,16 @@ std::vector<QVariantList> query(const QString& dir, const LibraryFileName& file,
     if (!db)
         db = std::make_unique<Db>(path, file.password);
     return db->run(sql, parameters);
+}
+
+void copyTree(const QString& from, const QString& to)
+{
+    for (QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString source = it.next(), target = to + source.mid(from.size());
+        QDir().mkpath(QFileInfo(target).path());
+        if (!QFile::copy(source, target))
+            ADD_FAILURE() << target.toStdString();
+    }
 }
 
 bool readable(const QString& path, const QString& password)

@@ -23,14 +23,14 @@ int build(const QStringList& arguments, QString* err = nullptr);
 // The sample library, built once for the whole test program.
 QString sampleLibrary();
 
-// Every row of a query on a file of the folder (Null as an invalid QVariant); throws std::runtime_error.
+// Every row of a query on a file of the folder, each field as its bytes; throws std::runtime_error.
 std::vector<QVariantList> query(const QString& dir, const LibraryFileName& file, const QString& sql,
                                 const QVariantList& parameters = {});
-inline int count(const QString& dir, const LibraryFileName& file, const QString& sql, const QVariantList& p = {}) {
-    return query(dir, file, sql, p)[0][0].toInt();
-}
 
 // True when a query on the file succeeds with that key (empty: no key at all).
 bool readable(const QString& path, const QString& password);
+
+// Copies every file under `from` to the same place under `to`.
+void copyTree(const QString& from, const QString& to);
 
 }  // namespace libtest

@@ -2,8 +2,6 @@
 // with the key that shows it, its kind and its date; and the words of a PDF's text layer.
 #include "library_files.h"
 
-#include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QPainter>
 #include <QPdfWriter>
@@ -51,11 +49,7 @@ TEST(TextIndex, ReadsTheTextLayerOfAPdf)
 {
     QTemporaryDir work;
     const QString source = work.filePath("library");
-    for (QDirIterator it(kSource, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
-        const QString from = it.next(), to = source + from.mid(kSource.size());
-        QDir().mkpath(QFileInfo(to).path());
-        ASSERT_TRUE(QFile::copy(from, to));
-    }
+    copyTree(kSource, source);
     QFile kerala(source + "/Kerala.tsv");
     ASSERT_TRUE(kerala.open(QIODevice::Append));
     kerala.write("400\tSRO 9/2014\tLatex\tNotification\t0\tsro-9-2014.pdf\n");
