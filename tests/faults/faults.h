@@ -9,12 +9,15 @@
 #include "platform/store/database_file.h"
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
+#include "returns/return_schema.h"
 #include "support/printers.h"
 #include "support/qt_app.h"
 #include "support/sqlite_rows.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -4,7 +4,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "platform/forms/msgbox.h"
 #include "platform/store/connection.h"
 
 using library::frmGlobalSections;

@@ -1,34 +1,20 @@
 // frmkerala driven as a user drives it: toolbar clicks, the window's size, its close box.
-#include "library/frm_kerala.h"
-#include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
-#include "platform/forms/status_bar.h"
-#include "platform/forms/toolbar.h"
-#include "platform/forms/twips.h"
-#include "platform/forms/window_registry.h"
-#include "shell/library_fixture.h"
-#include "support/screens.h"
+#include "library_window_fixture.h"
 
 #include <QCloseEvent>
-#include <QTest>
 #include <QWindow>
 
 using library::frmkerala;
 
 namespace {
 
-class Kerala : public LibraryFixture {   // the library store sets the layout record the resize rule reads
+class Kerala : public LibraryWindows {   // the library store sets the layout record the resize rule reads
 protected:
     void SetUp() override {
-        LibraryFixture::SetUp();
-        forms::reset();
+        LibraryWindows::SetUp();
         forms::define("main", [] { return new QWidget; });
         forms::define("frmkerala", [] { return new frmkerala; });
         w = forms::get<frmkerala>("frmkerala");
-    }
-    void TearDown() override {
-        forms::reset();
-        LibraryFixture::TearDown();
     }
 
     void showActive() {

@@ -6,10 +6,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
-
-#include "platform/forms/msgbox.h"
-#include "platform/forms/twips.h"
 
 using library::frmGlobalSections;
 

@@ -2,12 +2,9 @@
 #include "library_window_fixture.h"
 
 #include <QLabel>
-#include <QTest>
 #include <QToolButton>
 
 #include "platform/documents/full_viewer.h"
-#include "platform/forms/msgbox.h"
-#include "platform/forms/twips.h"
 
 using forms::toTwips;
 

@@ -2,14 +2,7 @@
 // the search box as the user types in it. The fills are driven from the nodes in section_handlers_test.
 #include "library_window_fixture.h"
 
-#include "library/frm_kerala.h"
-#include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
-#include "platform/forms/status_bar.h"
 #include "shell/word_search.h"
-#include "support/screens.h"
-
-#include <QTest>
 
 using library::frmkerala;
 

@@ -3,15 +3,9 @@
 #include "library_window_fixture.h"
 
 #include <QApplication>
-#include <QTest>
 #include <QToolButton>
 
-#include "library/frm_kerala.h"
 #include "library/grid_catalogue.h"
-#include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
-#include "platform/forms/status_bar.h"
-#include "platform/forms/toolbar.h"
 
 using library::frmGlobalSections;
 using library::frmkerala;

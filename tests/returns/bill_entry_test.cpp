@@ -1,9 +1,7 @@
 // Bill entry on frmNormal, driven the way a user drives it: keys into the floating editors.
-#include "platform/forms/list_box.h"
 #include "platform/forms/twips.h"
 #include "return_window.h"
 
-#include <QTest>
 #include <array>
 
 using returns::frmNormal;

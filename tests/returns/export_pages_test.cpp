@@ -1,10 +1,7 @@
 // Export posts the labels' figures to the return pages. Rows are looked up under the year "2008" but
 // made with the system date's year, so what a press leaves depends on the calendar.
-#include "platform/forms/list_box.h"
 #include "return_window.h"
 #include "shell/main_window.h"
-
-#include <QTest>
 
 namespace {
 

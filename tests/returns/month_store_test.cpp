@@ -1,10 +1,8 @@
 // Saving a month: Add, Delete and the month list of frmNormal, with the store read back and the boxes
 // the user sees.
-#include "platform/forms/list_box.h"
 #include "return_window.h"
 
 #include <QProcess>
-#include <QTest>
 
 using forms::RecordedBox;
 

@@ -1,6 +1,5 @@
 // The PRINT buttons: the register of the month last added in a maximised preview, its PDF read back
 // with pdftotext; a template or data file that cannot be read is named in a box.
-#include "platform/forms/list_box.h"
 #include "platform/reports/crystal_report.h"
 #include "platform/reports/preview_window.h"
 #include "return_window.h"
@@ -9,7 +8,6 @@
 #include <QPdfDocument>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTest>
 
 namespace {
 

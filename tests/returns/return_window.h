@@ -5,6 +5,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/variant.h"
 #include "platform/forms/flex_grid.h"
+#include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
 #include "platform/store/recordset.h"
 #include "returns/frm_normal.h"
@@ -16,6 +17,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
 

@@ -1,5 +1,4 @@
 // The chooser and the return window between each other, and the purchase-kind list.
-#include "platform/forms/list_box.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
 #include "return_window.h"

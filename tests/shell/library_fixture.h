@@ -2,6 +2,7 @@
 // A program folder of its own for each test, holding a copy of the sample library, opened by MyMOD.
 #include "platform/basic/app_path.h"
 #include "platform/basic/runtime_error.h"
+#include "platform/forms/msgbox.h"
 #include "shell/my_mod.h"
 #include "support/printers.h"
 #include "support/qt_app.h"

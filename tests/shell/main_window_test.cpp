@@ -3,7 +3,6 @@
 #include "library_fixture.h"
 
 #include "platform/basic/clock.h"
-#include "platform/forms/msgbox.h"
 #include "platform/forms/text_editor_window.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"

@@ -1,7 +1,5 @@
 #include "library_fixture.h"
 
-#include "platform/forms/msgbox.h"
-
 class MyMod : public LibraryFixture {};
 
 TEST_F(MyMod, CataloguesPlaceEachTableInItsFile) {

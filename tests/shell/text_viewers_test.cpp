@@ -1,7 +1,6 @@
 // The document windows of the main toolbar: which document each number shows, print, back, resize.
 #include "library_fixture.h"
 
-#include "platform/forms/msgbox.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
 #include "shell/text_viewers.h"

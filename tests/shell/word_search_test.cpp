@@ -1,7 +1,6 @@
 // The word search: the statement built from the typed words and the list it fills. The typing search is
 // driven through the list page (tests/library/list_page_test.cpp).
 #include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
 #include "shell/library_fixture.h"
 #include "shell/word_search.h"
 

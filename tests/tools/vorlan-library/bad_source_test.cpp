@@ -3,11 +3,6 @@
 #include "library_files.h"
 
 #include <QCryptographicHash>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 using namespace libtest;
 

@@ -2,11 +2,6 @@
 // is held as the bytes of its file.
 #include "library_files.h"
 
-#include <QDir>
-#include <QFile>
-
-#include <gtest/gtest.h>
-
 using namespace libtest;
 
 namespace {

@@ -4,13 +4,9 @@
 #include "platform/store/full_text.h"
 #include "support/qt_app.h"
 
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTextStream>
 
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <map>
 #include <memory>

@@ -3,9 +3,14 @@
 // through the SQLCipher C API.
 #include "support/printers.h"
 
+#include <QDir>
+#include <QFile>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QVariant>
+
+#include <gtest/gtest.h>
 
 namespace libtest {
 

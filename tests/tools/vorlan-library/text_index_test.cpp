@@ -2,12 +2,8 @@
 // with the key that shows it, its kind and its date; and the words of a PDF's text layer.
 #include "library_files.h"
 
-#include <QFile>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 using namespace libtest;
 
