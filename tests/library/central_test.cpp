@@ -2,45 +2,31 @@
 // forward, a click on a page opening it in full with its links live, and the keys that run into objects
 // never set, each reported while the window stays up.
 #include "library/central.h"
-#include "platform/basic/app_path.h"
+#include "library_window_fixture.h"
 #include "platform/documents/full_viewer.h"
 #include "platform/documents/ole_container.h"
-#include "platform/forms/msgbox.h"
-#include "platform/forms/toolbar.h"
 #include "platform/forms/tree_view.h"
-#include "platform/forms/window_registry.h"
-#include "support/printers.h"
-#include "support/qt_app.h"
-#include "support/screens.h"
 
-#include <QDir>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QTextBlock>
-#include <QTest>
 #include <QTextBrowser>
-#include <gtest/gtest.h>
 
 namespace {
 
-class CentralWindow : public ::testing::Test {
+class CentralWindow : public LibraryWindows {   // the pages beside the library, in the program folder
 protected:
     void SetUp() override {
-        ensureApp();
+        LibraryWindows::SetUp();
         const QDir pages(QStringLiteral(VORLAN_PROGRAM_DIR "/central"));
         ASSERT_TRUE(QDir(dir.path()).mkdir(QStringLiteral("central")));
         for (const QString& f : pages.entryList(QDir::Files))
             ASSERT_TRUE(QFile::copy(pages.filePath(f), dir.filePath(QStringLiteral("central/") + f)));
-        basic::SetAppPath(dir.path());
-        forms::reset();
         forms::define(QStringLiteral("central"), [] { return new library::central; });
         forms::define(QStringLiteral("main"), [] { return new QWidget; });
-        forms::define(QStringLiteral("frmkerala"), [] { return new QWidget; });
     }
     void TearDown() override {
         if (auto* viewer = documents::FullViewer::existing()) viewer->hide();
-        forms::reset();
-        basic::SetAppPath(QString());
+        LibraryWindows::TearDown();
     }
     library::central* shown() {
         auto* w = forms::get<library::central>(QStringLiteral("central"));
@@ -62,8 +48,6 @@ protected:
     static void press(library::central* w, const char* key) {
         w->Toolbar2->Buttons(QLatin1String(key)).action()->trigger();
     }
-
-    QTemporaryDir dir;
 };
 
 // Every link of the three pages leads to a file beside them, at a bookmark it holds: the forms page lists

@@ -170,9 +170,6 @@ TEST_F(Browser, TheNameStandsBehindTheFirstHyphenAndAMissingDocumentShowsTheStan
         {&frmkerala::gsCircularNumber_GoClicked, "-Circular 3/2007", {1, "SELECT fname FROM Kerala WHERE id=201"}, nullptr},
         {&frmkerala::gsCircularSection_GoClicked, "a-2008-Works contract composition", {1, "SELECT fname FROM Kerala WHERE id=202"},
          "select fname from Kerala where name='2008-Works contract composition'"},
-        {&frmkerala::gsJudgmentCitation_GoClicked, "[2008] 1 KTR 9-", kStandby, nullptr},
-        {&frmkerala::gsJudgmentSection_GoClicked, "x-Kerala Cashew Board-Assessment appeal", {2, "SELECT fname FROM Globalvatse WHERE name='Kerala Cashew Board-Assessment appeal'"}, nullptr},
-        {&frmkerala::gsArJudgmentSection_GoClicked, "Sec 7-Unreported order", kStandby, nullptr},   // in neither table
         // The whole value is the name: a hyphen in it is no cut.
         {&frmkerala::ObjSectionIndexKGSTGB_GoClicked, "1-2", {1, "SELECT fname FROM Kerala WHERE id=5"}, nullptr},
         {&frmkerala::ObjAlliedActGB_GoClicked, "THE KERALA MONEY-LENDERS ACT 1958 ", {1, "SELECT fname FROM Kerala WHERE id=41"},
