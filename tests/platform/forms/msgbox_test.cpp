@@ -23,15 +23,6 @@ using forms::MsgBox;
 using forms::MsgBoxRecorder;
 using forms::RecordedBox;
 
-TEST(MsgBox, FirstButtonAnswerOfEachButtonSet) {
-    const std::vector<std::pair<int, int>> cases{
-        {forms::vbOKOnly + forms::vbInformation, forms::vbOK}, {forms::vbOKCancel, forms::vbOK},
-        {forms::vbAbortRetryIgnore, forms::vbAbort},           {forms::vbYesNoCancel, forms::vbYes},
-        {forms::vbYesNo + forms::vbCritical, forms::vbYes},    {forms::vbRetryCancel, forms::vbRetry},
-        {forms::vbYesNo + forms::vbDefaultButton2, forms::vbYes}};
-    for (const auto& [style, answer] : cases) EXPECT_EQ(forms::firstButtonAnswer(style), answer) << style;
-}
-
 TEST(MsgBox, RealBoxAnswersTheButtonPressed) {
     // Presses No on the box shown, once the event loop runs inside it.
     QTimer::singleShot(0, [] {

@@ -84,15 +84,6 @@ TEST(TreeViewNodes, KeysAndIndicesAndTheirErrors) {
     EXPECT_EQ(tree.Nodes.Count(), 2);
 }
 
-TEST(TreeViewNodes, VisibleIsTheControlsOwnSetting) {
-    QWidget window;   // never shown
-    auto* tree = new forms::TreeView(&window);
-    tree->hide();
-    EXPECT_FALSE(tree->Visible());
-    tree->show();
-    EXPECT_TRUE(tree->Visible() && !tree->isVisible());
-}
-
 TEST(TreeViewNodes, SelectedNodeShowsItsSelectedImage) {
     forms::ImageList images;
     QPixmap closed(16, 16), open(16, 16);
