@@ -2,7 +2,7 @@
 // the user sees.
 #include "return_window.h"
 
-#include <QProcess>
+#include "support/sqlite_rows.h"
 
 using forms::RecordedBox;
 
@@ -47,13 +47,9 @@ TEST_F(MonthStore, AddedMonthComesBackAfterRestart) {
 
     // The summary row, read outside the program. RT12 adds the sales cess at 20 % (4.5), not the
     // purchase cess at 12.5 % (2); figures are two-decimal texts, RT* plain numbers.
-    QProcess sqlite;
-    sqlite.start("sqlite3", {folder.filePath("nwForm10DB.mdb"),
-                             "SELECT cMonth, PTA4, PTT4, PTC12, STC20, netTotal, Place, eDate, RT4, RT12, RT0 "
-                             "FROM tblCommon"});
-    ASSERT_TRUE(sqlite.waitForFinished(10000));
-    EXPECT_EQ(QString::fromUtf8(sqlite.readAllStandardOutput()).trimmed(),
-              "March|1500.5|60.02|2.0|4.5|1788.52|Kochi|15-03-26|1561.52|229.5|0.0");
+    EXPECT_EQ(query(folder.filePath("nwForm10DB.mdb"), "SELECT cMonth, PTA4, PTT4, PTC12, STC20, netTotal, Place, eDate, "
+                                                       "RT4, RT12, RT0 FROM tblCommon"),
+              QStringList{"March|1500.5|60.02|2.0|4.5|1788.52|Kochi|15-03-26|1561.52|229.5|0.0"});
 }
 
 // Add writes the kind that List4 shows and the sales, leaves the other kind's table alone, and stages

@@ -5,7 +5,6 @@
 #include "returns/return_schema.h"
 #include "support/printers.h"
 
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -31,16 +30,6 @@ protected:
     }
     QTemporaryDir folder;
 };
-
-TEST_F(ReturnStore, FilesAreMadeBesideEachOtherWhenMissing) {
-    for (const char* file : {"nwForm10DB.mdb", "Form10Data.mdb", "TAXDATA.mdb"})
-        EXPECT_TRUE(QFileInfo::exists(folder.filePath(file))) << file;
-    EXPECT_EQ(cnReturn.State(), 1);
-    // An existing file is left as it is: rows stay.
-    cnReturn.Execute("INSERT INTO tblSales (cMonth) VALUES ('March')");
-    CreateReturnStores(folder.path());
-    EXPECT_EQ(open("SELECT * FROM tblSales").RecordCount(), 1);
-}
 
 TEST_F(ReturnStore, KeysAcceptTheEmptyTextRepeatAndCompareWithoutCase) {
     for (int i = 0; i < 2; ++i) {
