@@ -29,14 +29,23 @@ QString read(const QByteArray& rtf) {
 }
 
 // The document as text with its formatting marked: <b>, <i>, <u>, <18pt>, <a href>, "[c]" before a
-// centred paragraph, "|" between paragraphs. Each fragment is marked on its own.
-QString describe(const QTextDocument& document) {
+// centred paragraph, "|" between paragraphs; each fragment marked on its own, with "{family|family}" after
+// it when fonts are asked for. A picture is "[WxH colour]": the name of its red or blue, or "box" for a
+// placeholder.
+QString describe(const QTextDocument& document, bool fonts = false) {
     QStringList blocks;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         QString out = block.blockFormat().alignment() & Qt::AlignHCenter ? QStringLiteral("[c]") : QString();
         for (auto it = block.begin(); !it.atEnd(); ++it) {
             const QTextCharFormat f = it.fragment().charFormat();
-            QString open, close;
+            const QTextImageFormat image = f.toImageFormat();
+            if (image.isValid()) {
+                const QImage pixels = document.resource(QTextDocument::ImageResource, QUrl(image.name())).value<QImage>();
+                out += QStringLiteral("[%1x%2 %3]").arg(image.width()).arg(image.height()).arg(
+                    image.name().endsWith(QLatin1String("placeholder")) ? "box" : qRed(pixels.pixel(0, 0)) > 200 ? "red" : "blue");
+                continue;
+            }
+            QString open, close = fonts ? '{' + f.fontFamilies().toStringList().join('|') + '}' : QString();
             auto mark = [&](bool on, const QString& tag, const char* name) {
                 if (on) open += '<' + tag + '>', close.prepend(QStringLiteral("</%1>").arg(QLatin1String(name)));
             };
@@ -235,20 +244,6 @@ QByteArray pictureHex(const char* format, int w, int h, Qt::GlobalColor color) {
     return bytes.data().toHex();
 }
 
-// The text with each picture as "[WxH colour]": the name of its red or blue, or "box" for a placeholder.
-QString pictures(const QTextDocument& document) {
-    QString out;
-    for (auto it = document.begin().begin(); !it.atEnd(); ++it) {
-        const QTextImageFormat image = it.fragment().charFormat().toImageFormat();
-        const QImage pixels = document.resource(QTextDocument::ImageResource, QUrl(image.name())).value<QImage>();
-        const QRgb rgb = pixels.isNull() ? 0 : pixels.pixel(0, 0);
-        out += !image.isValid() ? it.fragment().text()
-               : QStringLiteral("[%1x%2 %3]").arg(image.width()).arg(image.height()).arg(
-                     image.name().endsWith(QLatin1String("placeholder")) ? "box" : qRed(rgb) > 200 ? "red" : "blue");
-    }
-    return out;
-}
-
 TEST(RtfPictures, ShownAtTheirSizeOrAsTheirAlternative) {
     const QByteArray png = pictureHex("PNG", 30, 20, Qt::red), jpeg = pictureHex("JPEG", 16, 16, Qt::blue);
     const std::pair<QByteArray, const char*> cases[] = {
@@ -270,16 +265,8 @@ TEST(RtfPictures, ShownAtTheirSizeOrAsTheirAlternative) {
     for (const auto& [picture, expected] : cases) {
         QTextDocument document;
         readRtf("{\\rtf1 a" + picture + "b}", document);
-        EXPECT_EQ(pictures(document), QString::fromUtf8(expected)) << picture.left(60).constData();
+        EXPECT_EQ(describe(document), QString::fromUtf8(expected)) << picture.left(60).constData();
     }
-}
-
-// Each fragment as "text{family|family}".
-QString fontRuns(const QTextDocument& document) {
-    QString out;
-    for (auto it = document.begin().begin(); !it.atEnd(); ++it)
-        out += it.fragment().text() + '{' + it.fragment().charFormat().fontFamilies().toStringList().join('|') + '}';
-    return out;
 }
 
 TEST(RtfFonts, RunsTakeTheirFamilyAndCodePage) {
@@ -299,7 +286,7 @@ TEST(RtfFonts, RunsTakeTheirFamilyAndCodePage) {
     for (const auto& [text, expected] : cases) {
         QTextDocument document;
         readRtf(table + text + "}", document);
-        EXPECT_EQ(fontRuns(document), QString::fromUtf8(expected)) << text.constData();
+        EXPECT_EQ(describe(document, true), QString::fromUtf8(expected)) << text.constData();
     }
 }
 
