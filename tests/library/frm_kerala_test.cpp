@@ -8,35 +8,14 @@ using library::frmkerala;
 
 namespace {
 
-class Kerala : public LibraryWindows {   // the library store sets the layout record the resize rule reads
+class Kerala : public KeralaWindow {   // the library store sets the layout record the resize rule reads
 protected:
-    void SetUp() override {
-        LibraryWindows::SetUp();
-        forms::define("main", [] { return new QWidget; });
-        forms::define("frmkerala", [] { return new frmkerala; });
-        w = forms::get<frmkerala>("frmkerala");
-    }
-
-    void showActive() {
-        w->setWindowState(Qt::WindowNoState);
-        w->show();
-        w->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(w));
-    }
     void press(const QString& key) {
         QWidget* button = w->Toolbar2->widgetForAction(w->Toolbar2->Buttons(key).action());
         ASSERT_NE(button, nullptr);
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(4, 4));
     }
-    // The tree drawn on top at the trees' common spot.
-    QWidget* frontTree() const {
-        QWidget* at = w->Frame1->childAt(w->Tvw->geometry().center());
-        while (at && at->parentWidget() != w->Frame1) at = at->parentWidget();
-        return at;
-    }
-
-    forms::MsgBoxRecorder boxes;
-    frmkerala* w = nullptr;
+    QWidget* frontTree() const { return front(w->Frame1, w->Tvw); }   // at the trees' common spot
 };
 
 // A fresh window shows neither page; the keyboard starts on the toolbar's first button.
@@ -48,7 +27,6 @@ TEST_F(Kerala, AtStartNeitherPageShowsAndTheKeyboardIsOnTheToolbar) {
     EXPECT_EQ(QApplication::focusWidget(), w->Toolbar2->widgetForAction(w->Toolbar2->Buttons("Act").action()));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), w->Tvw);
-    w->resize(1366, 768);
     w->Tvw->setCurrentItem(w->Tvw->Nodes("VAT").item());
     w->grab().save(screen("frmkerala.png"));
 }

@@ -4,36 +4,19 @@
 
 #include "shell/word_search.h"
 
-using library::frmkerala;
-
 namespace {
 
 const QString kSearchHint = QStringLiteral(
     "Type the required words with space on priority in the search box and click this Button.To restore the "
     "datas, delete the search words and again press the button.");
 
-class ListPage : public LibraryWindows {
+class ListPage : public KeralaWindow {
 protected:
     void SetUp() override {
-        LibraryWindows::SetUp();
-        forms::define("main", [] { return new QWidget; });
-        forms::define("frmkerala", [] { return new frmkerala; });
-        w = forms::get<frmkerala>("frmkerala");
-        w->setWindowState(Qt::WindowNoState);
-        w->resize(1366, 768);
-        w->show();
-        w->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(w));
-    }
-    QStringList listed() const {
-        QStringList all;
-        for (int i = 0; i < w->List1->ListCount(); ++i) all << w->List1->List(i);
-        return all;
+        KeralaWindow::SetUp();
+        showActive();
     }
     QString status() const { return w->StatusBar1->Panels(1).Text(); }
-
-    forms::MsgBoxRecorder boxes;
-    frmkerala* w = nullptr;
 };
 
 TEST_F(ListPage, ClickPointsTheDocumentByToolbarKey) {

@@ -23,21 +23,15 @@ const QString kSelectStatus = QStringLiteral(
 
 }  // namespace
 
-class Browser : public LibraryWindows {
+class Browser : public KeralaWindow {
 protected:
     void SetUp() override {
-        LibraryWindows::SetUp();
-        forms::define(QStringLiteral("main"), [] { return new QWidget; });
-        forms::define(QStringLiteral("frmkerala"), [] { return new frmkerala; });
+        KeralaWindow::SetUp();
         forms::define(QStringLiteral("frmSelect"), [] { return new QWidget; });
         shell::wordSearchTable.clear();
         shell::wordSearchColumn.clear();
         shell::wordSearchOrderBy.clear();
-        w = forms::get<frmkerala>(QStringLiteral("frmkerala"));
-        w->setWindowState(Qt::WindowNoState);
-        w->resize(1366, 768);
-        w->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(w));
+        showActive();
     }
 
     // A toolbar press, then a click on the node as a user gives it: double, or single for the allied tree.
@@ -53,20 +47,17 @@ protected:
             QTest::mouseDClick(w->windowHandle(), Qt::LeftButton, {}, pos);
     }
 
-    static QByteArray bytesOf(const Doc& doc) {
-        const store::Connection& cn =
-            doc.file == 1 ? shell::cnLibrary1 : doc.file == 2 ? shell::cnLibrary2 : shell::cnLibrary3;
-        return shell::getRecordSetByCn(QString::fromUtf8(doc.where), cn).Fields(QStringLiteral("fname")).Value().bytes();
-    }
-    static QString connectionOf(int file) {
-        return file == 1 ? shell::strLibraryCn1 : file == 2 ? shell::strLibraryCn2 : shell::strLibraryCn3;
-    }
-    // The document window stands on this row, through this file's connection.
+    // The document window stands on this row, through this file's connection; on no document at all
+    // when the row has no statement.
     void expectDocument(const Doc& doc) {
+        const std::pair<store::Connection, QString> files[] = {{shell::cnLibrary1, shell::strLibraryCn1},
+                                                               {shell::cnLibrary2, shell::strLibraryCn2},
+                                                               {shell::cnLibrary3, shell::strLibraryCn3}};
         EXPECT_TRUE(kf()->isVisible());
-        EXPECT_EQ(kf()->MSRDC1->Connect(), connectionOf(doc.file));
-        const QByteArray want = bytesOf(doc);
-        ASSERT_FALSE(want.isEmpty()) << doc.where;
+        EXPECT_EQ(kf()->MSRDC1->Connect(), files[doc.file - 1].second);
+        const QByteArray want = doc.where ? shell::getRecordSetByCn(QString::fromUtf8(doc.where), files[doc.file - 1].first)
+                                                .Fields(QStringLiteral("fname")).Value().bytes() : QByteArray();
+        ASSERT_EQ(want.isEmpty(), !doc.where) << doc.where;
         EXPECT_EQ(kf()->MSRDC1->bytes(QStringLiteral("fname")), want) << doc.where;
         EXPECT_EQ(kf()->OLE1->DataField(), QStringLiteral("fname"));
     }
@@ -79,8 +70,6 @@ protected:
         ADD_FAILURE() << "no row " << value.toStdString();
     }
 
-    frmkerala* w = nullptr;
-    forms::MsgBoxRecorder boxes;
 };
 
 TEST_F(Browser, EveryCatalogueRowOpensItsGridOnceAndGoShowsItsRow) {
@@ -198,13 +187,7 @@ TEST_F(Browser, TheNameStandsBehindTheFirstHyphenAndAMissingDocumentShowsTheStan
             kf()->MSRDC1->setSQL(QStringLiteral("SELECT fname FROM Kerala WHERE id=1"));
             basic::Variant value(QString::fromUtf8(row.value));
             (w->*row.handler)(frm, value);
-            if (row.doc.where) {
-                expectDocument(row.doc);
-            } else {
-                EXPECT_TRUE(kf()->isVisible());
-                EXPECT_EQ(kf()->MSRDC1->Connect(), connectionOf(row.doc.file));
-                EXPECT_TRUE(kf()->MSRDC1->bytes(QStringLiteral("fname")).isEmpty());
-            }
+            expectDocument(row.doc);
             if (row.sql) { EXPECT_EQ(kf()->MSRDC1->SQL(), QString::fromUtf8(row.sql)); }
         }
         kf()->Picture4->click();
@@ -250,8 +233,6 @@ TEST_F(Browser, ListPageButtonsAndTheReturnForm) {
         {&frmkerala::cmdshgo, &frmkerala::cmdshback, nullptr, false, ""},
         {&frmkerala::formsgo, &frmkerala::formsback, nullptr, false, "FORM 8"},
     };
-    w->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(w));
     for (const auto& row : table) {
         w->Frame1->hide();
         w->Frame2->show();
@@ -260,11 +241,8 @@ TEST_F(Browser, ListPageButtonsAndTheReturnForm) {
         EXPECT_FALSE(w->Frame2->isVisible());
         EXPECT_EQ(w->Frame1->isVisible(), row.tree != nullptr);
         if (!row.tree) continue;
-        forms::TreeView* tree = w->*row.tree;
-        QWidget* front = w->Frame1->childAt(tree->geometry().center());
-        while (front && front->parentWidget() != w->Frame1) front = front->parentWidget();
-        EXPECT_EQ(front, tree);
-        EXPECT_EQ(QApplication::focusWidget() == tree, row.focus);
+        EXPECT_EQ(front(w->Frame1, w->*row.tree), w->*row.tree);
+        EXPECT_EQ(QApplication::focusWidget() == w->*row.tree, row.focus);
     }
     QWidget* chooser = forms::get(QStringLiteral("frmSelect"));
     for (const auto& row : table) {
@@ -296,8 +274,6 @@ TEST_F(Browser, ListPageButtonsAndTheReturnForm) {
 // The list page has its nodes: one in the Act tree, two in the Rules tree; each fills the page at one
 // double click, and its Go shows the document of the entry chosen.
 TEST_F(Browser, ListPageNodesFillThePage) {
-    w->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(w));
     // pick: the entry chosen, and doc the document its Go shows.
     const struct { const char* toolbar; forms::TreeView* frmkerala::*tree; const char* node; QStringList entries;
                    QPushButton *frmkerala::*go, *frmkerala::*back; bool focusSearch, status; int pick; Doc doc; } table[] = {
@@ -316,9 +292,7 @@ TEST_F(Browser, ListPageNodesFillThePage) {
         w->Text1->setText(QStringLiteral("old"));
         w->Toolbar2->setFocus();
         openNode(QString::fromUtf8(row.toolbar), w->*row.tree, QString::fromUtf8(row.node));
-        QStringList entries;
-        for (int i = 0; i < w->List1->ListCount(); ++i) entries << w->List1->List(i);
-        EXPECT_EQ(entries, row.entries);
+        EXPECT_EQ(listed(), row.entries);
         if (row.status) { EXPECT_EQ(w->List1->ItemData(4), 5); }   // "1-2" keeps its row's ID
         EXPECT_TRUE(w->Frame2->isVisible());
         EXPECT_FALSE(w->Frame1->isVisible());
