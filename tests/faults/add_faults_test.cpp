@@ -3,7 +3,6 @@
 #include "faults.h"
 #include "platform/forms/list_box.h"
 
-#include <QElapsedTimer>
 #include <random>
 
 namespace {

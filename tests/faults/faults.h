@@ -15,9 +15,7 @@
 #include "support/sqlite_rows.h"
 
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>

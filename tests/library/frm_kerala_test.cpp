@@ -1,9 +1,6 @@
 // frmkerala driven as a user drives it: toolbar clicks, the window's size, its close box.
 #include "library_window_fixture.h"
 
-#include <QCloseEvent>
-#include <QWindow>
-
 using library::frmkerala;
 
 namespace {

@@ -2,9 +2,7 @@
 #include "library_window_fixture.h"
 
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QSignalSpy>
 
 using library::frmGlobalSections;

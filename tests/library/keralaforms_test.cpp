@@ -1,7 +1,6 @@
 // The document window: hiding by Back, Esc and the close box, the way back, the sliding hint, the layout.
 #include "library_window_fixture.h"
 
-#include <QLabel>
 #include <QToolButton>
 
 #include "platform/documents/full_viewer.h"

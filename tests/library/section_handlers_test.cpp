@@ -2,7 +2,6 @@
 // and Back answer, the list page's buttons, the dormant keys.
 #include "library_window_fixture.h"
 
-#include <QApplication>
 #include <QToolButton>
 
 #include "library/grid_catalogue.h"

@@ -7,8 +7,6 @@
 #include "writer.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QSignalSpy>
 #include <QScrollBar>
 #include <QTextBrowser>

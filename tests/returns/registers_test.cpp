@@ -4,10 +4,8 @@
 #include "platform/reports/preview_window.h"
 #include "return_window.h"
 
-#include <QImage>
 #include <QPdfDocument>
 #include <QProcess>
-#include <QRegularExpression>
 
 namespace {
 

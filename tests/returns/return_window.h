@@ -14,9 +14,6 @@
 #include "support/qt_app.h"
 #include "support/screens.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <memory>

@@ -7,8 +7,6 @@
 #include "support/printers.h"
 #include "support/qt_app.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 

@@ -2,7 +2,6 @@
 // The rows of a statement on a database file, fields joined by "|", read as any program opening the file
 // would read them, beside the system's own store.
 #include <QFile>
-#include <QStringList>
 #include <sqlite3.h>
 
 inline QStringList query(const QString& file, const QString& sql) {

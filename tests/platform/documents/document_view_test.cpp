@@ -10,7 +10,6 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
-#include <QTextLayout>
 
 #include <gtest/gtest.h>
 

@@ -6,9 +6,6 @@
 
 #include "support/printers.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextBrowser>

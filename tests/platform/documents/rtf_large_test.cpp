@@ -1,11 +1,7 @@
 #include "platform/documents/document_view.h"
 #include "platform/documents/rtf_reader.h"
 
-#include <QElapsedTimer>
-#include <QTextBlock>
 #include <QTextBrowser>
-#include <QTextDocument>
-#include <QTextFrame>
 #include <QTextTable>
 #include <QTest>
 

@@ -5,18 +5,9 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QFontDatabase>
 #include <QTest>
-#include <QTextBlock>
 #include <QTextBrowser>
-#include <QTextDocument>
-#include <QTextFrame>
-#include <QTextImageFormat>
-#include <QTextLayout>
 #include <QTextTable>
-#include <QTextTableCellFormat>
 
 #include <gtest/gtest.h>
 

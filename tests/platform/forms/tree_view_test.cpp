@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
-#include <QWindow>
 
 #include "platform/forms/runtime_errors.h"
 #include "support/printers.h"

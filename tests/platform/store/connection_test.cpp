@@ -1,8 +1,6 @@
 // Opening files by the system's connection strings, keys, the shared handle and its transactions.
 #include "fixture.h"
 
-#include <QFile>
-
 namespace {
 
 class Connections : public StoreFixture {
@@ -34,13 +32,6 @@ TEST_F(Connections, OpenByEveryFormOfTheStringAndRefuseAnyOtherKey) {
         if (other.State()) other.Close();
     }
     EXPECT_FALSE(QFile::exists(dir.path() + QStringLiteral("/missing.mdb")));
-}
-
-TEST_F(Connections, CatalogueListsTablesAndViews) {
-    for (const char* name : {"Kerala", "Keralafields", "tblPurchase1", "qActs"})
-        EXPECT_TRUE(cn.TableNames().contains(QString::fromUtf8(name))) << name;
-    store::Connection closed;
-    EXPECT_EQ(errorNumber([&] { closed.TableNames(); }), 3704);
 }
 
 TEST_F(Connections, ShareOneHandleSoATransactionCoversEveryConnection) {

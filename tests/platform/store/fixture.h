@@ -84,6 +84,5 @@ protected:
         "INSERT INTO tblMPage1 (cCode, cYear, cSequence, cRPFrom) VALUES ('','2008','Monthly','May')",
         "CREATE TABLE tblMPage2 (cCode TEXT COLLATE NOCASE, cYear TEXT COLLATE NOCASE, cSequence TEXT COLLATE "
         "NOCASE, cRPFrom TEXT COLLATE NOCASE, FrmFlg INTEGER)",
-        "CREATE VIEW qActs AS SELECT name FROM Kerala WHERE type = 'act'",
     };
 };

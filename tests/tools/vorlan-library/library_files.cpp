@@ -5,7 +5,6 @@
 #include "support/qt_app.h"
 
 #include <QDirIterator>
-#include <QTextStream>
 
 #include <sqlite3.h>
 #include <map>

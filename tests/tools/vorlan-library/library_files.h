@@ -3,12 +3,7 @@
 // through the SQLCipher C API.
 #include "support/printers.h"
 
-#include <QDir>
-#include <QFile>
-#include <QString>
-#include <QStringList>
 #include <QTemporaryDir>
-#include <QVariant>
 
 #include <gtest/gtest.h>
 
