@@ -8,13 +8,10 @@ using namespace returns;
 
 namespace {
 
-class WindowFlows : public ::testing::Test {
+class WindowFlows : public ReturnWindow {
 protected:
     void SetUp() override {
-        ensureApp();
-        ASSERT_TRUE(folder.isValid());
-        basic::SetAppPath(folder.path());
-        basic::Clock::set(QDate(2026, 3, 15));
+        ReturnWindow::SetUp();
         forms::define("frmSelect", [] { return new frmSelect; });
         forms::define("frmNormal", [] { return new frmNormal; });
         forms::define("frmEFiling", [] { return new frmEFiling; });
@@ -25,15 +22,8 @@ protected:
         DealerName.clear();
         DirectToForm = false;
         forms::reset();
-        ReleaseReturnStores();
-        rsLookup = rsBills = rsReport = store::Recordset::nothing();
-        basic::Clock::reset();
+        ReturnWindow::TearDown();
     }
-    void exec(const QString& sql) {
-        ConnectReturnStore();
-        cnReturn.Execute(sql);
-    }
-    QTemporaryDir folder;
     forms::MsgBoxRecorder boxes;
 };
 
@@ -91,8 +81,6 @@ TEST_F(WindowFlows, PurchaseKindSwitchesTheGridAndTheRates) {
     exec("INSERT INTO tblPurchase1 (cCode, cMonth, Party, BillDate) VALUES ('', 'March', 'Local', '2026-03-02')");
     exec("INSERT INTO tblPurchaseInterState1 (cCode, cMonth, Party, BillDate, Amount, RateOfTax) "
          "VALUES ('', 'March', 'From Chennai', '2026-03-04', 250, '4')");
-    auto* w = forms::get<frmNormal>("frmNormal");
-    w->Show();
     const struct { int index; const char* party, *lastRate, *amount4; } cases[] = {{1, "From Chennai", "      20", "250.00"}, {0, "Local", "     20       ", "0.00"}};
     for (const auto& c : cases) {
         w->List4->setListIndex(c.index);
