@@ -146,19 +146,16 @@ TEST_F(MainWindow, BannerPlaysThePublishersFileBeforeItsOwn) {
 TEST_F(MainWindow, ShutDownAsksFirst) {
     FakeShutdown fake;
     sys::Shutdown* before = sys::setShutdown(&fake);
-    {
-        forms::MsgBoxRecorder boxes{forms::vbNo};
-        w->Picture6_Click();
-        EXPECT_TRUE(fake.calls.isEmpty());
-        ASSERT_EQ(boxes.boxes().size(), 2u);
-        EXPECT_EQ(boxes.boxes()[0], (forms::RecordedBox{"Are  you Sure?", forms::vbYesNo, "Exit Windows"}));
-        EXPECT_EQ(boxes.boxes()[1], (forms::RecordedBox{"You  Cancelled  Shut Down", forms::vbExclamation, " Sorry....."}));
-    }
-    {
-        forms::MsgBoxRecorder boxes{forms::vbYes};
+    const forms::RecordedBox sure{"Are  you Sure?", forms::vbYesNo, "Exit Windows"};
+    const struct { int answer; QList<unsigned> calls; std::vector<forms::RecordedBox> boxes; } cases[] = {
+        {forms::vbNo, {}, {sure, {"You  Cancelled  Shut Down", forms::vbExclamation, " Sorry....."}}},
+        {forms::vbYes, {1}, {sure}},
+    };
+    for (const auto& c : cases) {
+        forms::MsgBoxRecorder boxes{c.answer};
         QTest::mouseClick(w->Picture6, Qt::LeftButton);
-        EXPECT_EQ(fake.calls, QList<unsigned>{1});
-        EXPECT_EQ(boxes.boxes().size(), 1u);
+        EXPECT_EQ(fake.calls, c.calls);
+        EXPECT_EQ(boxes.boxes(), c.boxes);
     }
     sys::setShutdown(before);
 }
