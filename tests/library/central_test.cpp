@@ -4,8 +4,6 @@
 #include "library/central.h"
 #include "library_window_fixture.h"
 #include "platform/documents/full_viewer.h"
-#include "platform/documents/ole_container.h"
-#include "platform/forms/tree_view.h"
 
 #include <QScrollBar>
 #include <QTextBlock>

@@ -1,8 +1,6 @@
 // FilterRec on a list of every class of field: the filter each text gives, the boxes, the half-typed words.
 #include "library_window_fixture.h"
 
-#include "platform/store/connection.h"
-
 using library::frmGlobalSections;
 
 class FilterRecTest : public LibraryWindows {

@@ -6,7 +6,6 @@
 #include "library/frm_kerala.h"
 #include "library/keralaforms.h"
 #include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
 #include "platform/forms/status_bar.h"
 #include "platform/forms/toolbar.h"
 #include "platform/forms/twips.h"

@@ -3,11 +3,9 @@
 // beside it; helpers to key bills, press buttons and read the store back.
 #include "platform/basic/app_path.h"
 #include "platform/basic/clock.h"
-#include "platform/basic/variant.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
-#include "platform/store/recordset.h"
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
 #include "support/printers.h"

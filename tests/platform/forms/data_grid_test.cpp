@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/basic/runtime_error.h"
-#include "platform/store/connection.h"
 
 using basic::Variant;
 

@@ -5,8 +5,6 @@
 #include <QLabel>
 #include <QPointer>
 
-#include "platform/basic/runtime_error.h"
-
 namespace {
 
 class frmTest : public QWidget {};

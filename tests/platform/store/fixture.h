@@ -1,8 +1,6 @@
 #pragma once
 // A small library-and-return database made in a temporary folder, and a text picture of a record set's rows.
 #include "platform/basic/runtime_error.h"
-#include "platform/basic/variant.h"
-#include "platform/store/connection.h"
 #include "platform/store/recordset.h"
 #include "support/printers.h"
 
