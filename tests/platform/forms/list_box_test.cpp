@@ -9,20 +9,6 @@
 
 namespace {
 
-TEST(ListBox, FindStringGivesTheFirstEntryStartingWithThePrefixWithoutRegardToCase) {
-    forms::ListBox list;
-    EXPECT_EQ(list.FindString("a"), -1);
-    EXPECT_EQ(list.FindString(""), -1);
-    for (const char* text : {"Section 2 Definitions", "Section 6", "section 6 levy of tax", "Sale", "12-3"})
-        list.AddItem(text);
-    list.setListIndex(3);
-    const std::pair<QString, int> cases[] = {{"Section 6", 1}, {"SECTION 6 L", 2}, {"s", 0} /* from the top */,
-                                             {"sal", 3}, {"12-3", 4}, {"Definitions", -1}, {"Sale of goods", -1},
-                                             {"", 0}};
-    for (const auto& [prefix, index] : cases) EXPECT_EQ(list.FindString(prefix), index) << prefix.toStdString();
-    EXPECT_EQ(list.ListIndex(), 3);  // finding moves nothing
-}
-
 class ListBoxChoice : public testing::Test {
 protected:
     void SetUp() override {
