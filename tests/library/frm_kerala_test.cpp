@@ -1,16 +1,12 @@
 // frmkerala driven as a user drives it: toolbar clicks, the window's size, its close box.
 #include "library_window_fixture.h"
 
-using library::frmkerala;
-
 namespace {
 
 class Kerala : public KeralaWindow {   // the library store sets the layout record the resize rule reads
 protected:
     void press(const QString& key) {
-        QWidget* button = w->Toolbar2->widgetForAction(w->Toolbar2->Buttons(key).action());
-        ASSERT_NE(button, nullptr);
-        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(4, 4));
+        QTest::mouseClick(w->Toolbar2->widgetForAction(w->Toolbar2->Buttons(key).action()), Qt::LeftButton, {}, QPoint(4, 4));
     }
     QWidget* frontTree() const { return front(w->Frame1, w->Tvw); }   // at the trees' common spot
 };
@@ -122,7 +118,7 @@ TEST_F(Kerala, BackAndTheCloseBoxBringMainBack) {
     for (const auto& [way, mainReturns] : table) {
         SCOPED_TRACE(int(way));
         forms::reset();
-        w = forms::get<frmkerala>("frmkerala");
+        w = forms::get<library::frmkerala>("frmkerala");
         showActive();
         press("Act");
         if (way == BackButton) {

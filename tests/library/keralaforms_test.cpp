@@ -29,18 +29,11 @@ TEST_F(LibraryWindows, TheHintTurnsAtTheRightEdgeAndAtZero) {
     w->Timer1->setEnabled(false);   // stepped by hand here
     w->Label1->move(0, w->Label1->y());
     w->Timer1->setEnabled(true);
-    int steps = 0;
-    while (w->Timer1->Enabled() && steps < 1000) {
-        w->Timer1_Timer();
-        ++steps;
-    }
+    for (int steps = 0; w->Timer1->Enabled() && steps < 1000; ++steps) w->Timer1_Timer();
     EXPECT_TRUE(w->Timer2->Enabled());
     EXPECT_GE(toTwips(w->Label1->x()), toTwips(w->frameGeometry().width()) - toTwips(w->Label1->width()));
     EXPECT_LT(toTwips(w->Label1->x()) - 100, toTwips(w->frameGeometry().width()) - toTwips(w->Label1->width()));
-    while (w->Timer2->Enabled() && steps < 2000) {
-        w->Timer2_Timer();
-        ++steps;
-    }
+    for (int steps = 0; w->Timer2->Enabled() && steps < 1000; ++steps) w->Timer2_Timer();
     EXPECT_TRUE(w->Timer1->Enabled());
     EXPECT_LE(toTwips(w->Label1->x()), 0);
     EXPECT_GT(toTwips(w->Label1->x()), -100);
