@@ -7,7 +7,6 @@
 #include "returns/module2.h"
 #include "returns/return_schema.h"
 #include "support/printers.h"
-#include "support/qt_app.h"
 #include "support/screens.h"
 #include "support/sqlite_rows.h"
 
@@ -45,7 +44,6 @@ QString marked(const QString& path) { return query(path, "SELECT v FROM m").valu
 class BackUpRestore : public ::testing::Test {
 protected:
     void SetUp() override {
-        ensureApp();
         program = root.filePath("program");
         user = root.filePath("user");
         for (const char* d : {"program", "user", "c", "d", "e"}) QDir(root.path()).mkdir(d);

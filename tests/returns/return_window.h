@@ -9,7 +9,6 @@
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
 #include "support/printers.h"
-#include "support/qt_app.h"
 #include "support/screens.h"
 
 #include <QTest>
@@ -21,7 +20,6 @@ protected:
     using Bills = std::vector<QStringList>;
 
     void SetUp() override {
-        ensureApp();
         ASSERT_TRUE(folder.isValid());
         for (const char* rpt : {"RptPurchase.rpt", "RptPurchaseInterState.rpt", "RptSales.rpt"})
             ASSERT_TRUE(QFile::copy(QStringLiteral(VORLAN_PROGRAM_DIR "/") + rpt, folder.filePath(rpt))) << rpt;

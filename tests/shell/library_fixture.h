@@ -5,7 +5,6 @@
 #include "platform/forms/msgbox.h"
 #include "shell/my_mod.h"
 #include "support/printers.h"
-#include "support/qt_app.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -13,7 +12,6 @@
 class LibraryFixture : public ::testing::Test {
 protected:
     void SetUp() override {
-        ensureApp();
         ASSERT_TRUE(dir.isValid());
         for (const char* f : {"0909214SD01.mdb", "1309214SD02.mdb", "1509214SD03.mdb"})
             ASSERT_TRUE(QFile::copy(QStringLiteral(VORLAN_PROGRAM_DIR "/") + f, dir.filePath(f))) << f;

@@ -14,9 +14,6 @@ protected:
         for (int i = 0; i < list.ListCount(); ++i) all.emplace_back(list.List(i), list.ItemData(i));
         return all;
     }
-    struct App {
-        App() { ensureApp(); }
-    } app;  // before the list
     forms::ListBox list;
     forms::MsgBoxRecorder boxes;
 };

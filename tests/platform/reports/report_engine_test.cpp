@@ -6,7 +6,6 @@
 #include "platform/reports/report_template.h"
 #include "platform/store/connection.h"
 #include "support/printers.h"
-#include "support/qt_app.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -58,7 +57,6 @@ TEST(ReportTemplate, FaultsNameTheLine) {
 class Engine : public ::testing::Test {
 protected:
     void SetUp() override {
-        ensureApp();
         data = dir.filePath("data.mdb");
         store::Connection cn;
         cn.Create("Driver={Microsoft Access Driver (*.mdb)};Dbq=" + data);
