@@ -3,18 +3,13 @@
 
 namespace {
 
-class Connections : public StoreFixture {
-protected:
-    void SetUp() override {
-        StoreFixture::SetUp();
-        store::Connection keyed;
-        keyed.Create(connectionString(QStringLiteral("\\1309214SD02.mdb;"), QStringLiteral("Uid=admin;Pwd=lantern")));
-        keyed.Execute(QStringLiteral("CREATE TABLE Globalvatse (name TEXT COLLATE NOCASE)"));
-    }
-};
+using Connections = StoreFixture;
 
 TEST_F(Connections, OpenByEveryFormOfTheStringAndRefuseAnyOtherKey) {
     const QString sd02 = QStringLiteral("\\1309214SD02.mdb;");
+    store::Connection keyed;
+    keyed.Create(connectionString(sd02, QStringLiteral("Uid=admin;Pwd=lantern")));
+    keyed.Execute(QStringLiteral("CREATE TABLE t (x)"));
     const struct { QString connectionString; int error; } cases[] = {   // error 0: it opens
         {connectionString(sd02, QStringLiteral("Uid=admin;Pwd=lantern")), 0},
         {connectionString(sd02, QStringLiteral("Uid=admin;Pwd=lantern;")), 0},
