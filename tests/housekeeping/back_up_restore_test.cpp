@@ -30,16 +30,14 @@ struct FolderDrives : sys::DriveLister {
     QStringList LogicalDriveStrings() override { return roots; }
 };
 
-// A database file holding one marker text, and the marker read back: the files are databases, copied by
-// the database, so they are told apart by what they hold.
+// A database file holding one marker text: the files are databases, copied by the database, so they are
+// told apart by what they hold.
 void writeMarked(const QString& path, const QString& marker) {
     QDir().mkpath(QFileInfo(path).path());
     QFile::remove(path);
     query(path, "CREATE TABLE m (v TEXT)");
     query(path, "INSERT INTO m VALUES ('" + marker + "')");
 }
-
-QString marked(const QString& path) { return query(path, "SELECT v FROM m").value(0); }
 
 class BackUpRestore : public ::testing::Test {
 protected:
@@ -142,7 +140,7 @@ TEST_F(BackUpRestore, RestoreStopsAtTheMissingFile) {
         boxes.clear();
         QTest::mouseClick(w.Command6, Qt::LeftButton);
         for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(marked(inUser(files[i])), QString(i < c.restored ? "saved " : "now ") + files[i]);
+            EXPECT_EQ(query(inUser(files[i]), "SELECT v FROM m"), QStringList{(i < c.restored ? "saved " : "now ") + QString(files[i])});
         EXPECT_EQ(boxes.boxes(), Boxes{c.box});
         QDir(backup("e")).removeRecursively();
     }
