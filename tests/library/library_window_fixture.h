@@ -9,7 +9,6 @@
 #include "platform/forms/status_bar.h"
 #include "platform/forms/toolbar.h"
 #include "platform/forms/twips.h"
-#include "platform/forms/window_registry.h"
 #include "shell/library_fixture.h"
 #include "support/screens.h"
 
@@ -19,13 +18,8 @@ class LibraryWindows : public LibraryFixture {
 protected:
     void SetUp() override {
         LibraryFixture::SetUp();
-        forms::reset();
         forms::define(QStringLiteral("keralaforms"), [] { return new library::keralaforms; });
         forms::define(QStringLiteral("frmkerala"), [] { return new QWidget; });
-    }
-    void TearDown() override {
-        forms::reset();
-        LibraryFixture::TearDown();
     }
     library::keralaforms* kf() { return forms::get<library::keralaforms>(QStringLiteral("keralaforms")); }
 };

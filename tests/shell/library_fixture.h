@@ -3,6 +3,7 @@
 #include "platform/basic/app_path.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/window_registry.h"
 #include "shell/my_mod.h"
 #include "support/printers.h"
 
@@ -19,6 +20,7 @@ protected:
         shell::InitLibraryStore();
     }
     void TearDown() override {
+        forms::reset();   // the windows first: they hold record sets on the library
         shell::cnLibrary1 = shell::cnLibrary2 = shell::cnLibrary3 = store::Connection();
         basic::SetAppPath(QString());
     }

@@ -5,7 +5,6 @@
 #include "platform/basic/clock.h"
 #include "platform/forms/text_editor_window.h"
 #include "platform/forms/twips.h"
-#include "platform/forms/window_registry.h"
 #include "platform/system/shutdown.h"
 #include "shell/main_window.h"
 #include "support/screens.h"
@@ -45,18 +44,16 @@ protected:
     shell::main* make() {
         forms::define("main", [] { return new shell::main; });
         auto* m = forms::get<shell::main>("main");
-        m->endProgram = [this] { ended = true; };
+        m->endProgram = [] {};   // Exit must not end the test program
         m->resize(1366, 768);
         m->show();
         return m;
     }
     void TearDown() override {
-        forms::reset();
         basic::Clock::reset();
         LibraryFixture::TearDown();
     }
     shell::main* w = nullptr;
-    bool ended = false;
 };
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include "library_fixture.h"
 
 #include "platform/forms/twips.h"
-#include "platform/forms/window_registry.h"
 #include "shell/text_viewers.h"
 
 #include <QPrinter>
@@ -23,10 +22,6 @@ protected:
         forms::define("main", [] { return new QWidget; });
         forms::define("help", [] { return new shell::help; });
         forms::define("frmca", [] { return new shell::frmca; });
-    }
-    void TearDown() override {
-        forms::reset();
-        LibraryFixture::TearDown();
     }
 };
 
