@@ -23,7 +23,7 @@ TEST(DataGrid, CurrentRowAndBookmarksFollowTheFilter) {
     ASSERT_EQ(grid.RowCount(), 1000);
     EXPECT_EQ(grid.Row(), 0);
     EXPECT_TRUE(grid.GetBookmark(-1).isNull() && grid.GetBookmark(1000).isNull());
-    const Variant b500 = grid.GetBookmark(499);
+    const Variant b500 = grid.GetBookmark(499), b995 = grid.GetBookmark(994);
     grid.setBookmark(b500);
     EXPECT_EQ(grid.Row(), 499);
     EXPECT_EQ(grid.ColumnText(1), QStringLiteral("row 500"));
@@ -36,6 +36,8 @@ TEST(DataGrid, CurrentRowAndBookmarksFollowTheFilter) {
     EXPECT_EQ(grid.ColumnText(0), QStringLiteral("990"));
     EXPECT_EQ(basic::resume([&] { grid.setBookmark(b500); }).number(), 6153);
     EXPECT_EQ(grid.Row(), 0);
+    grid.setBookmark(b995);   // a bookmark taken before the filter finds its row through it
+    EXPECT_EQ(grid.ColumnText(0), QStringLiteral("995"));
     grid.SelBookmarksAdd(grid.GetBookmark(2));
     EXPECT_EQ(grid.SelBookmarks(0), grid.GetBookmark(2));
     grid.SelBookmarksRemove(0);

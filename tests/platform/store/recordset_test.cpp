@@ -104,23 +104,6 @@ TEST_F(Recordsets, FiltersNarrowTheRowsInMemory) {
     }
 }
 
-TEST_F(Recordsets, BookmarksOutliveFiltersAndClonesKeepTheirOwnFilter) {
-    Recordset rs = open(QStringLiteral("SELECT ID, name FROM Kerala ORDER BY ID"));
-    Recordset clone = rs.Clone(Recordset::adLockReadOnly);
-    rs.setAbsolutePosition(4);
-    const basic::Variant mark = rs.Bookmark();
-    rs.setFilter(QStringLiteral("name LIKE '*u*'"));
-    EXPECT_EQ(rs.RecordCount(), 1);
-    rs.setBookmark(mark);
-    EXPECT_EQ(rs.Fields(1).Value(), basic::Variant(QStringLiteral("Rule 1")));
-    EXPECT_EQ(clone.RecordCount(), 5);
-    clone.setBookmark(mark);
-    EXPECT_EQ(clone.Fields(0).Value(), basic::Variant(4));
-    rs.setFilter(0);
-    EXPECT_EQ(rs.RecordCount(), 5);
-    EXPECT_EQ(rs.Filter(), basic::Variant(0));
-}
-
 }  // namespace
 
 // A record set that keeps filtering as the user types lets through the same rows as one that filters once,
