@@ -46,21 +46,4 @@ TEST(Guard, EscapingErrorsBecomeTheRunTimeErrorBox) {
     }
 }
 
-TEST(Wire, HandlerErrorStopsAtTheBoxAndTheSignalKeepsWorking) {
-    MsgBoxRecorder recorder;
-    QObject source;
-    QStringList seen;
-    int plainRuns = 0;
-    forms::wire(&source, &QObject::objectNameChanged, &source, [&](const QString& name) {
-        seen << name;
-        throw basic::RuntimeError(94, "Invalid use of Null");
-    });
-    forms::wire(&source, &QObject::objectNameChanged, &source, [&] { ++plainRuns; });
-    source.setObjectName("Tvw");
-    source.setObjectName("tvw2");
-    EXPECT_EQ(seen, (QStringList{"Tvw", "tvw2"}));
-    EXPECT_EQ(plainRuns, 2);
-    EXPECT_EQ(recorder.boxes().size(), 2u);
-}
-
 }  // namespace

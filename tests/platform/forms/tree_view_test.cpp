@@ -61,24 +61,6 @@ TEST_F(TreeViewClicks, ClickBesideTheNodesKeepsTheSelection) {
     EXPECT_EQ(events, QStringList{"Click:Ker"});
 }
 
-TEST(TreeViewNodes, KeysAndIndicesAndTheirErrors) {
-    forms::TreeView tree;
-    tree.Nodes.Add("Oner", "Kerala value Added  Tax Circulars", 1);
-    tree.Nodes.Add("Oner", forms::tvwChild, "Twor", "Sectionwise", 1, 2);
-    EXPECT_EQ(tree.Nodes(2).Text(), QStringLiteral("Sectionwise"));
-    EXPECT_EQ(tree.Nodes("Twor").Index(), 2);
-    EXPECT_EQ(tree.Nodes("Twor").item()->parent(), tree.Nodes("Oner").item());
-
-    const std::vector<std::pair<std::function<void()>, int>> cases{
-        {[&] { tree.Nodes.Add("Oner", forms::tvwChild, "Twor", "again"); }, 35602},
-        {[&] { tree.Nodes.Add("Nope", forms::tvwChild, "cirsub", "Subjectwise"); }, 35601},
-        {[&] { tree.Nodes("cirsub"); }, 35601},
-        {[&] { tree.Nodes(3); }, 35600},
-        {[&] { tree.SelectedItem().Key(); }, 91}};   // nothing selected yet
-    for (const auto& [touch, number] : cases) EXPECT_EQ(basic::resume(touch).number(), number);
-    EXPECT_EQ(tree.Nodes.Count(), 2);
-}
-
 TEST(TreeViewNodes, SelectedNodeShowsItsSelectedImage) {
     forms::ImageList images;
     QPixmap closed(16, 16), open(16, 16);
