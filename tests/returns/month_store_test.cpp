@@ -1,5 +1,6 @@
 // Saving a month: Add, Delete and the month list of frmNormal, with the store read back and the boxes
 // the user sees.
+#include "platform/basic/runtime_error.h"
 #include "return_window.h"
 
 #include "support/sqlite_rows.h"
@@ -246,6 +247,39 @@ TEST_F(MonthStore, FailingAddStoresNothingAndKeepsTheGrid) {
         EXPECT_EQ(column("SELECT count(*) FROM tblSales WHERE Party='Sale typed'"), QStringList{"0"});
         EXPECT_EQ(column("SELECT PTA0 FROM tblCommon"), QStringList{"10"});
     }
+}
+
+// The keys of the return tables take the empty text, repeat and compare without regard to case.
+TEST_F(MonthStore, KeysAcceptTheEmptyTextRepeatAndCompareWithoutCase) {
+    for (const char* day : {"09", "02"}) {
+        exec("INSERT INTO tblMPage3 (cCode, cYear, cSequence, cRPFrom) VALUES ('', '2009', 'Monthly', 'March')");
+        exec(QString("INSERT INTO tblPurchase1 (cCode, cMonth, BillDate, Amount) VALUES ('', 'March', #03/%1/2009#, 10)").arg(day));
+    }
+    EXPECT_EQ(column("SELECT count(*) FROM tblMPage3 WHERE cCode='' AND cRPFrom='MARCH'"), QStringList{"2"});
+    store::Recordset rs;
+    rs.Open("SELECT BillDate FROM tblPurchase1 WHERE cMonth='march' ORDER BY BillDate", returns::cnReturn);
+    ASSERT_EQ(rs.RecordCount(), 2);
+    EXPECT_EQ(rs.Fields("BillDate").Value(), basic::Variant(QDate(2009, 3, 2)));
+}
+
+TEST_F(MonthStore, ClearTableEmptiesEveryMonthOnAFreshConnection) {
+    for (const char* month : {"January", "March"}) exec(QString("INSERT INTO tblRptSales (cMonth) VALUES ('%1')").arg(month));
+    exec("INSERT INTO tblRptSales1 (cMonth) VALUES ('March')");
+    const store::Connection before = returns::cnReturn;
+    returns::ClearTable("tblRptSales");
+    EXPECT_FALSE(returns::cnReturn == before);
+    EXPECT_EQ(column("SELECT count(*) FROM tblRptSales"), QStringList{"0"});
+    EXPECT_EQ(column("SELECT count(*) FROM tblRptSales1"), QStringList{"1"});
+}
+
+// The dates of typed bills as Add reads them: "26-09-2008" takes "20" as its year; a text that is no date
+// is the caller's error 13.
+TEST(Module2, DateFromBillText) {
+    const struct { const char* text; QDate date; } dates[] = {
+        {"26-09-08", QDate(2008, 9, 26)}, {" 01-12-09 ", QDate(2009, 12, 1)}, {"13-01-99", QDate(1999, 1, 13)},
+        {"26-09-2008", QDate(2020, 9, 26)}};
+    for (const auto& tc : dates) EXPECT_EQ(returns::DateFromBillText(tc.text), tc.date) << tc.text;
+    EXPECT_THROW(returns::DateFromBillText("ab-cd-ef"), basic::RuntimeError);
 }
 
 }  // namespace
