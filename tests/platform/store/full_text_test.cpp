@@ -7,16 +7,13 @@
 namespace {
 
 TEST(TextQuery, ReadsWhatTheUserTypes) {
+    // Plain words, a phrase, OR and NOT alone are pinned by what the library's search finds.
     const struct { QString typed, match; } cases[] = {
-        {"Input  credit", R"("input" "credit")"},
-        {R"("Input Tax credit")", R"("input tax credit")"},
-        {"rubber OR latex", R"("rubber" OR "latex")"},
         {"tax NOT cess -rubber", R"("tax" | "cess" OR "rubber")"},
         {R"(cred* "input tax cr*" "tax"*)", R"("cred*" "input tax cr*" "tax*")"},
         {"input-tax", R"("input tax")"},
         {"OR tax OR", R"("tax")"},
         {"tax OR -\"cess rate\"", R"("tax" | "cess rate")"},
-        {"NOT cess", R"( | "cess")"},
         {R"("unclosed phrase)", R"("unclosed phrase")"},
         // A chillu typed as one letter, or as consonant, virama and joiner, is the same word.
         {u"\u0D38\u0D7C\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D7C"_qs, u"\"\u0D38\u0D30\u0D4D\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D30\u0D4D\""_qs},

@@ -7,21 +7,6 @@ using store::Recordset;
 
 using Recordsets = StoreFixture;
 
-TEST_F(Recordsets, FieldTypesComeFromTheDeclaredTypeElseFromTheValue) {
-    Recordset rs = open(QStringLiteral("SELECT ID, SecDesc, fname, ChapterNo * 1.5 AS half, name & '' AS joined "
-                                       "FROM Kerala"));
-    Recordset bills = open(QStringLiteral("SELECT * FROM tblPurchase1"));
-    const std::pair<Recordset*, std::vector<int>> cases[] = {
-        {&rs, {3, 203, 205, 5, 202}},
-        {&bills, {202, 135, 202, 5, 11, 6, 202, 202}},
-    };
-    for (const auto& [set, types] : cases) {
-        ASSERT_EQ(set->FieldCount(), int(types.size()));
-        for (int i = 0; i < set->FieldCount(); ++i) EXPECT_EQ(set->Fields(i).Type(), types[size_t(i)]) << i;
-    }
-    EXPECT_EQ(bills.Fields(QStringLiteral("billdate")).Value(), basic::Variant(QDate(2008, 10, 2)));
-}
-
 TEST_F(Recordsets, MovesAndRaisesThePlatformErrors) {
     Recordset rs = open(QStringLiteral("SELECT ID FROM Kerala ORDER BY ID"));
     EXPECT_EQ(rs.RecordCount(), 5);
