@@ -10,16 +10,10 @@ const QString kSearchHint = QStringLiteral(
     "Type the required words with space on priority in the search box and click this Button.To restore the "
     "datas, delete the search words and again press the button.");
 
-class ListPage : public KeralaWindow {
-protected:
-    void SetUp() override {
-        KeralaWindow::SetUp();
-        showActive();
-    }
-    QString status() const { return w->StatusBar1->Panels(1).Text(); }
-};
+using ListPage = KeralaWindow;
 
 TEST_F(ListPage, ClickPointsTheDocumentByToolbarKey) {
+    showActive();
     const QString cn1 = shell::strLibraryCn1, cn2 = shell::strLibraryCn2;
     // column: listed from Keralafields, nullptr the act sections; click nullptr: no entry chosen; sql "": not
     // pointed; found: the statement finds a document, which the window then holds.
@@ -78,6 +72,7 @@ TEST_F(ListPage, ClickPointsTheDocumentByToolbarKey) {
 }
 
 TEST_F(ListPage, TypingJumpsThroughTheListEnterSearchesByWords) {
+    showActive();
     // The route a user takes: the Act tree's node of the list, by Enter.
     w->Toolbar2_ButtonClick("Act");
     w->Tvw->setCurrentItem(w->Tvw->Nodes("Sectionwise").item());
@@ -100,11 +95,11 @@ TEST_F(ListPage, TypingJumpsThroughTheListEnterSearchesByWords) {
     // Emptied, the search brings the whole list back, in the order of the column.
     w->Text3->clear();
     w->List1->setFocus();
-    EXPECT_EQ(status(), " ");
+    EXPECT_EQ(w->StatusBar1->Panels(1).Text(), " ");
     QTest::mouseClick(w->Cmdwordsearch, Qt::LeftButton);
     EXPECT_EQ(listed(), QStringList({"-Levy of tax", "1-2", "1", "10", "2", "6", "6A", "7", "99"}));
     EXPECT_TRUE(w->Text3->hasFocus());
-    EXPECT_EQ(status(), kSearchHint);
+    EXPECT_EQ(w->StatusBar1->Panels(1).Text(), kSearchHint);
     // The box takes the focus at each change, and a box of blanks is emptied as it does.
     w->List1->setFocus();
     w->Text3->setText("   ");

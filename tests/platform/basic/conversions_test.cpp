@@ -44,16 +44,6 @@ TEST(CDate, MonthFirstTwoDigitYearsAndMismatch) {
     Clock::reset();
 }
 
-TEST(Format, DatesWithEnglishMonthNames) {
-    const QDate d(2008, 9, 6);
-    const struct { const char* format; const char* want; } cases[] = {
-        {"dd-mm-yy", "06-09-08"}, {"mmmm", "September"}, {"yyyy", "2008"}, {"dd/MMM/yyyy", "06/Sep/2008"},
-        {"mm-dd-yyyy", "09-06-2008"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Format(d, c.format), QString::fromUtf8(c.want)) << c.format;
-    EXPECT_EQ(Format(Variant("09-26-08"), "dd-mm-yy"), "26-09-08");
-}
-
 TEST(Conversions, NumbersTextsAndNull) {
     const std::pair<QString, QString> texts[] = {
         {CStr(1126.25), "1126.25"}, {CStr(0.1 + 0.2), "0.3"}, {CStr(1e16), "1E+16"}, {CStr(true), "True"},
