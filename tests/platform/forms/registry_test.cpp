@@ -53,16 +53,4 @@ TEST_F(WindowRegistry, ResetSurvivesAWindowThatAnotherTookOver) {
     EXPECT_FALSE(forms::exists("frmOwner"));
 }
 
-TEST_F(WindowRegistry, WrongNameOrClassRaisesRunTimeErrors) {
-    const std::vector<std::pair<std::function<void()>, int>> cases{
-        {[] { forms::get("frmMissing"); }, 5},
-        {[] { forms::get<frmTest>("label"); }, 13},
-        {[] {
-             forms::define("selfish", [] { return forms::get("selfish"); });
-             forms::get("selfish");
-         },
-         5}};
-    for (const auto& [touch, number] : cases) EXPECT_EQ(basic::resume(touch).number(), number);
-}
-
 }  // namespace
