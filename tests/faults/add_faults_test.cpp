@@ -2,11 +2,7 @@
 // the window opens, and the cell editor after Add has read the month back.
 #include "faults.h"
 #include "platform/forms/list_box.h"
-#include "returns/return_schema.h"
 
-#include <QElapsedTimer>
-#include <QTest>
-#include <QThread>
 #include <random>
 
 namespace {

@@ -2,11 +2,6 @@
 #include "faults.h"
 #include "housekeeping/frm_back_up_restore.h"
 #include "platform/system/drives.h"
-#include "returns/return_schema.h"
-
-#include <QPushButton>
-#include <QTest>
-#include <QThread>
 
 namespace {
 

@@ -9,15 +9,16 @@
 #include "platform/store/database_file.h"
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
+#include "returns/return_schema.h"
 #include "support/printers.h"
 #include "support/qt_app.h"
+#include "support/sqlite_rows.h"
 
 #include <QProcess>
-#include <QTemporaryDir>
+#include <QTest>
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 #include <sys/mount.h>
 #include <unistd.h>
 
@@ -57,23 +58,6 @@ struct Child {
         return p.exitStatus() == QProcess::NormalExit ? p.exitCode() : 128 + SIGABRT;
     }
 };
-
-// The rows of the statement, fields joined by "|", read as any program opening the file would read them.
-inline QStringList query(const QString& file, const QString& sql) {
-    sqlite3* db = nullptr;
-    sqlite3_stmt* st = nullptr;
-    sqlite3_open(QFile::encodeName(file).constData(), &db);
-    QStringList rows;
-    if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &st, nullptr) != SQLITE_OK) rows << sqlite3_errmsg(db);
-    while (st && sqlite3_step(st) == SQLITE_ROW) {
-        QStringList fields;
-        for (int f = 0; f < sqlite3_column_count(st); ++f) fields << (const char*)sqlite3_column_text(st, f);
-        rows << fields.join('|');
-    }
-    sqlite3_finalize(st);
-    sqlite3_close(db);
-    return rows;
-}
 
 // A return window on the folder, showing March; its boxes recorded, the store let go at the end.
 struct Window {

@@ -1,6 +1,5 @@
 // The first start in a folder the program may not write or on a full disk, and the start after it.
 #include "faults.h"
-#include "returns/return_schema.h"
 
 #include <QStandardPaths>
 

@@ -2,22 +2,18 @@
 #include "housekeeping/frm_back_up_restore.h"
 
 #include "platform/basic/app_path.h"
-#include "platform/basic/runtime_error.h"
 #include "platform/forms/msgbox.h"
-#include "platform/store/recordset.h"
 #include "platform/system/drives.h"
 #include "returns/module2.h"
 #include "returns/return_schema.h"
 #include "support/printers.h"
-#include "support/qt_app.h"
 #include "support/screens.h"
+#include "support/sqlite_rows.h"
 
 #include <QComboBox>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -34,34 +30,18 @@ struct FolderDrives : sys::DriveLister {
     QStringList LogicalDriveStrings() override { return roots; }
 };
 
-// A database file holding one marker text, and the marker read back from one ("<none>" when it holds
-// none): the files are databases, copied by the database, so they are told apart by what they hold.
+// A database file holding one marker text: the files are databases, copied by the database, so they are
+// told apart by what they hold.
 void writeMarked(const QString& path, const QString& marker) {
     QDir().mkpath(QFileInfo(path).path());
     QFile::remove(path);
-    store::Connection cn;
-    cn.Create("Driver={Microsoft Access Driver (*.mdb)};Dbq=" + path);
-    cn.Execute("CREATE TABLE m (v TEXT)");
-    cn.Execute("INSERT INTO m VALUES ('" + marker + "')");
-    cn.Close();
-}
-
-QString marked(const QString& path) {
-    QString marker = QStringLiteral("<none>");
-    (void)basic::resume([&] {
-        store::Connection cn;
-        cn.Open("Driver={Microsoft Access Driver (*.mdb)};Dbq=" + path);
-        store::Recordset rs;
-        rs.Open("SELECT v FROM m", cn);
-        marker = basic::CStr(rs.Fields(0).Value());
-    });
-    return marker;
+    query(path, "CREATE TABLE m (v TEXT)");
+    query(path, "INSERT INTO m VALUES ('" + marker + "')");
 }
 
 class BackUpRestore : public ::testing::Test {
 protected:
     void SetUp() override {
-        ensureApp();
         program = root.filePath("program");
         user = root.filePath("user");
         for (const char* d : {"program", "user", "c", "d", "e"}) QDir(root.path()).mkdir(d);
@@ -90,10 +70,8 @@ protected:
 // Opening takes the last drive holding the backup folder and locks the choice to it; each opening adds
 // the drives to the list once more, and each loading lets go of the return store.
 TEST_F(BackUpRestore, OpeningFindsTheBackupDrive) {
-    struct {
-        std::vector<const char*> withFolder;
-        int found;  // index into the drives, -1 for none
-    } cases[] = {{{}, -1}, {{"d"}, 1}, {{"c", "e"}, 2}};
+    // found: an index into the drives, -1 for none.
+    const struct { std::vector<const char*> withFolder; int found; } cases[] = {{{}, -1}, {{"d"}, 1}, {{"c", "e"}, 2}};
     for (const auto& c : cases) {
         for (const char* d : c.withFolder) QDir().mkpath(backup(d));
         const QString found = c.found < 0 ? QString() : drives.roots[c.found];
@@ -151,11 +129,9 @@ TEST_F(BackUpRestore, RoundTripBringsBackAChangedMonth) {
 // The restore copies in its order and stops at the first file it cannot copy; what came back stays.
 TEST_F(BackUpRestore, RestoreStopsAtTheMissingFile) {
     const char* files[] = {"TAXDATA.mdb", "nwForm10DB.mdb", "Form10Data.mdb"};
-    struct {
-        int inBackup;  // the first so many files
-        int restored;
-        forms::RecordedBox box;
-    } cases[] = {{2, 2, kNotFound}, {3, 3, {"File is   Restored    ", 64, kTitle}}, {0, 0, kNotFound}};
+    // inBackup: the first so many files are in the backup.
+    const struct { int inBackup, restored; forms::RecordedBox box; } cases[] = {
+        {2, 2, kNotFound}, {3, 3, {"File is   Restored    ", 64, kTitle}}, {0, 0, kNotFound}};
     for (const auto& c : cases) {
         for (const char* f : files) writeMarked(inUser(f), QStringLiteral("now ") + f);
         for (int i = 0; i < c.inBackup; ++i) writeMarked(backup("e", files[i]), QStringLiteral("saved ") + files[i]);
@@ -164,7 +140,7 @@ TEST_F(BackUpRestore, RestoreStopsAtTheMissingFile) {
         boxes.clear();
         QTest::mouseClick(w.Command6, Qt::LeftButton);
         for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(marked(inUser(files[i])), QString(i < c.restored ? "saved " : "now ") + files[i]);
+            EXPECT_EQ(query(inUser(files[i]), "SELECT v FROM m"), QStringList{(i < c.restored ? "saved " : "now ") + QString(files[i])});
         EXPECT_EQ(boxes.boxes(), Boxes{c.box});
         QDir(backup("e")).removeRecursively();
     }

@@ -1,56 +1,14 @@
 // frmkerala driven as a user drives it: toolbar clicks, the window's size, its close box.
-#include "library/frm_kerala.h"
-#include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
-#include "platform/forms/status_bar.h"
-#include "platform/forms/toolbar.h"
-#include "platform/forms/twips.h"
-#include "platform/forms/window_registry.h"
-#include "shell/library_fixture.h"
-#include "support/screens.h"
-
-#include <QCloseEvent>
-#include <QTest>
-#include <QWindow>
-
-using library::frmkerala;
+#include "library_window_fixture.h"
 
 namespace {
 
-class Kerala : public LibraryFixture {   // the library store sets the layout record the resize rule reads
+class Kerala : public KeralaWindow {   // the library store sets the layout record the resize rule reads
 protected:
-    void SetUp() override {
-        LibraryFixture::SetUp();
-        forms::reset();
-        forms::define("main", [] { return new QWidget; });
-        forms::define("frmkerala", [] { return new frmkerala; });
-        w = forms::get<frmkerala>("frmkerala");
-    }
-    void TearDown() override {
-        forms::reset();
-        LibraryFixture::TearDown();
-    }
-
-    void showActive() {
-        w->setWindowState(Qt::WindowNoState);
-        w->show();
-        w->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(w));
-    }
     void press(const QString& key) {
-        QWidget* button = w->Toolbar2->widgetForAction(w->Toolbar2->Buttons(key).action());
-        ASSERT_NE(button, nullptr);
-        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(4, 4));
+        QTest::mouseClick(w->Toolbar2->widgetForAction(w->Toolbar2->Buttons(key).action()), Qt::LeftButton, {}, QPoint(4, 4));
     }
-    // The tree drawn on top at the trees' common spot.
-    QWidget* frontTree() const {
-        QWidget* at = w->Frame1->childAt(w->Tvw->geometry().center());
-        while (at && at->parentWidget() != w->Frame1) at = at->parentWidget();
-        return at;
-    }
-
-    forms::MsgBoxRecorder boxes;
-    frmkerala* w = nullptr;
+    QWidget* frontTree() const { return front(w->Frame1, w->Tvw); }   // at the trees' common spot
 };
 
 // A fresh window shows neither page; the keyboard starts on the toolbar's first button.
@@ -62,25 +20,20 @@ TEST_F(Kerala, AtStartNeitherPageShowsAndTheKeyboardIsOnTheToolbar) {
     EXPECT_EQ(QApplication::focusWidget(), w->Toolbar2->widgetForAction(w->Toolbar2->Buttons("Act").action()));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), w->Tvw);
-    w->resize(1366, 768);
     w->Tvw->setCurrentItem(w->Tvw->Nodes("VAT").item());
     w->grab().save(screen("frmkerala.png"));
 }
 
 TEST_F(Kerala, EachToolbarKeyBringsItsTreeForwardWithItsFocusRule) {
-    struct Row {
-        const char* key;
-        forms::TreeView* tree;   // nullptr: the pages stay as they were
-        bool takesFocus;
-    };
-    const Row table[] = {
+    // tree nullptr: the pages stay as they were.
+    const struct { const char* key; forms::TreeView* tree; bool takesFocus; } table[] = {
         {"Act", w->Tvw, true},  {"rul", w->tvw2, true},   {"circu", w->tvwc, false}, {"not", w->tvwn, true},
         {"sch", nullptr, false}, {"jud", w->tvw3, false}, {"forms", nullptr, false}, {"Ali", w->tvwali, true},
         {"rec", w->tvwr, false}, {"ca", nullptr, false},
     };
     showActive();
     QWidget* lastFront = nullptr;
-    for (const Row& row : table) {
+    for (const auto& row : table) {
         SCOPED_TRACE(row.key);
         w->Toolbar2->setFocus();
         press(row.key);
@@ -88,9 +41,7 @@ TEST_F(Kerala, EachToolbarKeyBringsItsTreeForwardWithItsFocusRule) {
         EXPECT_EQ(w->Frame1->isVisible(), lastFront || row.tree);
         EXPECT_FALSE(w->Frame2->isVisible());
         if (row.tree) lastFront = row.tree;
-        if (lastFront) {
-            EXPECT_EQ(frontTree(), lastFront);
-        }
+        if (lastFront) { EXPECT_EQ(frontTree(), lastFront); }
         EXPECT_EQ(QApplication::focusWidget(), row.takesFocus ? row.tree : static_cast<QWidget*>(w->Toolbar2));
     }
     EXPECT_TRUE(boxes.boxes().empty());
@@ -120,12 +71,8 @@ TEST_F(Kerala, UnansweredKeysAndDropDownEntriesDoNothing) {
 }
 
 TEST_F(Kerala, ResizeCentresThePagesAndTheListPageNeverShrinksBelowWhatItHas) {
-    struct Row {
-        int W, H;                                   // the window's inner size
-        int frame1Left, frame2Left, frame2Height, list1Height, backTop;
-    };
-    // Starting from the list page's designed height of 5535, one window resized in turn.
-    const Row table[] = {
+    // W x H: the window's inner size. Starting from the list page's designed height of 5535, one window resized in turn.
+    const struct { int W, H, frame1Left, frame2Left, frame2Height, list1Height, backTop; } table[] = {
         {13650, 8265, 2678, 458, 5535, 3195, 4725},   // the step-4 value 5535 is not above 5535: kept
         {6000, 8265, 0, 0, 5535, 3195, 4725},         // narrower than both frames: left 0, never below
         {12000, 8265, 1852, 0, 5535, 3195, 4725},     // halves to even, as the language assigns
@@ -137,7 +84,7 @@ TEST_F(Kerala, ResizeCentresThePagesAndTheListPageNeverShrinksBelowWhatItHas) {
     w->setWindowState(Qt::WindowNoState);
     w->Frame2->resize(w->Frame2->width(), forms::twips(5535));
     bool first = true;
-    for (const Row& row : table) {
+    for (const auto& row : table) {
         SCOPED_TRACE(testing::Message() << row.W << " x " << row.H);
         w->resize(forms::twips(row.W), forms::twips(row.H));
         if (first) w->show();
@@ -171,7 +118,7 @@ TEST_F(Kerala, BackAndTheCloseBoxBringMainBack) {
     for (const auto& [way, mainReturns] : table) {
         SCOPED_TRACE(int(way));
         forms::reset();
-        w = forms::get<frmkerala>("frmkerala");
+        w = forms::get<library::frmkerala>("frmkerala");
         showActive();
         press("Act");
         if (way == BackButton) {

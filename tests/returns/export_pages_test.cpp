@@ -1,11 +1,7 @@
 // Export posts the labels' figures to the return pages. Rows are looked up under the year "2008" but
 // made with the system date's year, so what a press leaves depends on the calendar.
-#include "platform/forms/list_box.h"
 #include "return_window.h"
 #include "shell/main_window.h"
-
-#include <QLineEdit>
-#include <QTest>
 
 namespace {
 
@@ -39,16 +35,13 @@ protected:
 };
 
 TEST_F(Export, RowsEachPressLeavesFollowTheYear) {
-    struct Case {
-        int year, kind;
-        QStringList afterOne, afterTwo;   // rows in tblMPage1 .. tblMPage5
-    } cases[] = {
+    const struct { int year, kind; QStringList afterOne, afterTwo; } cases[] = {   // rows in tblMPage1 .. tblMPage5
         {2008, 0, {"1", "1", "1", "1", "1"}, {"1", "1", "1", "1", "1"}},
         {2008, 1, {"1", "1", "1", "1", "1"}, {"1", "1", "1", "1", "1"}},
         {2026, 0, {"3", "3", "3", "3", "3"}, {"6", "6", "6", "6", "6"}},
         {2011, 1, {"2", "2", "2", "2", "2"}, {"4", "4", "4", "4", "4"}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.year << " kind " << c.kind);
         clearPages();
         basic::Clock::set(QDate(c.year, 3, 15));
@@ -125,12 +118,10 @@ TEST_F(Export, FiguresAreRoundedAsTheBoxesWant) {
 // period the statements cannot take is a run-time error, and nothing of the press is stored.
 TEST_F(Export, PeriodThatCannotBeStored) {
     const RecordedBox period{"Please Enter Return Period  ", 0, forms::standardTitle()};
-    struct Case {
-        int kind;
-        std::vector<RecordedBox> boxes;
-    } cases[] = {{0, {period, period, period, kExported}}, {1, {period, period, kExported}}};
+    const struct { int kind; std::vector<RecordedBox> boxes; } cases[] = {{0, {period, period, period, kExported}},
+                                                                          {1, {period, period, kExported}}};
     w->txtRPTo->setText("");
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         w->List4->setListIndex(c.kind);
         EXPECT_EQ(exportNow(), c.boxes);
         EXPECT_EQ(counts(), (QStringList{"0", "1", "0", "0", "0"}));   // a new file's one row stays alone

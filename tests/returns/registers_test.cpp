@@ -1,42 +1,15 @@
 // The PRINT buttons: the register of the month last added in a maximised preview, its PDF read back
 // with pdftotext; a template or data file that cannot be read is named in a box.
-#include "platform/forms/list_box.h"
 #include "platform/reports/crystal_report.h"
 #include "platform/reports/preview_window.h"
 #include "return_window.h"
 
-#include <QImage>
 #include <QPdfDocument>
 #include <QProcess>
-#include <QRegularExpression>
-#include <QTest>
 
 namespace {
 
-class Registers : public ReturnWindow {
-protected:
-    // Where the PDFs go: docs/screens when the screens are asked for, else the build folder's screens.
-    QString out(const QString& name) { return screen(name); }
-    static QString pdfText(const QString& pdf) {
-        QProcess p;
-        p.start("pdftotext", {"-layout", pdf, "-"});
-        EXPECT_TRUE(p.waitForFinished(20000));
-        return QString::fromUtf8(p.readAllStandardOutput());
-    }
-    // Runs a PRINT button and saves what its preview shows.
-    QString printed(QPushButton* button, const QString& pdf) {
-        const auto boxes = press([&] { QTest::mouseClick(button, Qt::LeftButton); });
-        EXPECT_TRUE(boxes.empty()) << (boxes.empty() ? "" : boxes[0].text.toStdString());
-        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-        reports::PreviewWindow* preview = w->CrystalReport1->window();
-        if (!preview) return {};
-        EXPECT_TRUE(preview->isVisible());
-        EXPECT_TRUE(preview->windowState() & Qt::WindowMaximized);
-        EXPECT_GE(preview->pageCount(), 1);
-        preview->savePdf(out(pdf));
-        return pdfText(out(pdf));
-    }
-};
+using Registers = ReturnWindow;
 
 TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
     put(w->fg1, {{"20-03-26", "Beta Traders", "32071", "B-7", "    12.5", "200", "25", "2", "227.00"},
@@ -46,12 +19,7 @@ TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
                  {"06-03-26", "Madras Export Co", "33010", "S-2", "CST", "100", "2", "", "102.00"}});
     w->txtPlace->setText("Kochi");
 
-    struct Case {
-        int kind;
-        QPushButton* returns::frmNormal::*button;
-        const char* pdf;
-        QStringList lines;   // each must be in the text, in this order
-    } local[] = {
+    struct Case { int kind; QPushButton* returns::frmNormal::*button; const char* pdf; QStringList lines; } local[] = {   // lines in order
         {0, &returns::frmNormal::cmdPrint1, "register-purchase.pdf",
          {"PURCHASE REGISTER - LOCAL PURCHASES", "Month: March", "Place: Kochi", "Date: 15-03-26",
           "1 02-03-26 Alpha Stores 32070 A-1 4 1000.00 40.00 1.00 1041.00",
@@ -67,11 +35,22 @@ TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
          {"INTER-STATE PURCHASES", "Place: Kochi", "1 09-03-26 Bangalore Mills 29001 K-41 4 800.00 32.00 832.00",
           "Total 800.00 32.00 0.00 832.00"}},
     };
+    // Runs the PRINT button, saves what its preview shows and finds the lines in it, in order.
     const auto check = [&](const Case& c) {
         SCOPED_TRACE(c.pdf);
         w->List4->setListIndex(c.kind);
+        const auto boxes = press([&] { QTest::mouseClick(w.get()->*c.button, Qt::LeftButton); });
+        EXPECT_TRUE(boxes.empty()) << (boxes.empty() ? "" : boxes[0].text.toStdString());
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        reports::PreviewWindow* preview = w->CrystalReport1->window();
+        ASSERT_TRUE(preview && preview->isVisible() && (preview->windowState() & Qt::WindowMaximized));
+        EXPECT_GE(preview->pageCount(), 1);
+        preview->savePdf(screen(c.pdf));   // beside the screens: docs/screens when they are asked for
+        QProcess pdftotext;
+        pdftotext.start("pdftotext", {"-layout", screen(c.pdf), "-"});
+        EXPECT_TRUE(pdftotext.waitForFinished(20000));
         // Compared without blanks: the PDF's text comes back with its own spacing.
-        const QString text = printed(w.get()->*c.button, c.pdf).remove(QRegularExpression("\\s"));
+        const QString text = QString::fromUtf8(pdftotext.readAllStandardOutput()).remove(QRegularExpression("\\s"));
         qsizetype at = 0;
         for (QString line : c.lines) {
             line.remove(u' ');
@@ -90,23 +69,18 @@ TEST_F(Registers, EachButtonPrintsTheMonthLastAdded) {
     for (const Case& c : interState) check(c);
     if (qEnvironmentVariableIsSet("VORLAN_SCREENS")) {
         QPdfDocument doc;
-        doc.load(out("register-purchase.pdf"));
+        doc.load(screen("register-purchase.pdf"));
         ASSERT_EQ(doc.status(), QPdfDocument::Status::Ready);
         const QSizeF points = doc.pagePointSize(0);
-        doc.render(0, (points * 1.5).toSize()).save(out("register-purchase-page1.png"));
+        doc.render(0, (points * 1.5).toSize()).save(screen("register-purchase-page1.png"));
         w->CrystalReport1->window()->resize(1280, 900);
         w->CrystalReport1->window()->showTop();
-        w->CrystalReport1->window()->grab().save(out("register-preview.png"));
+        w->CrystalReport1->window()->grab().save(screen("register-preview.png"));
     }
 }
 
 TEST_F(Registers, FileThatCannotBeReadIsNamed) {
-    struct Case {
-        const char* name;
-        std::function<void(const QString&)> spoil;
-        const char* file;
-        const char* says;
-    } cases[] = {
+    const struct { const char* name; std::function<void(const QString&)> spoil; const char* file, *says; } cases[] = {
         {"template missing", [](const QString& f) { QFile::remove(f + "/RptSales.rpt"); }, "RptSales.rpt", "is not there"},
         {"data file not a database",
          [](const QString& f) {
@@ -119,15 +93,14 @@ TEST_F(Registers, FileThatCannotBeReadIsNamed) {
          },
          "nwForm10DB.mdb", "cannot be read"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         c.spoil(folder.path());
         const auto boxes = press([&] { w->Command2_Click(); });
         ASSERT_EQ(boxes.size(), 1u);
-        EXPECT_EQ(boxes[0].title, "Not printed");
-        EXPECT_EQ(boxes[0].style, 48);
-        EXPECT_TRUE(boxes[0].text.contains(QDir::toNativeSeparators(folder.filePath(c.file)))) << boxes[0].text.toStdString();
-        EXPECT_TRUE(boxes[0].text.contains(c.says)) << boxes[0].text.toStdString();
+        EXPECT_EQ(std::pair(boxes[0].style, boxes[0].title), std::pair(48, QString("Not printed")));
+        EXPECT_TRUE(boxes[0].text.contains(QDir::toNativeSeparators(folder.filePath(c.file))) && boxes[0].text.contains(c.says))
+            << boxes[0].text.toStdString();
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     }
 }

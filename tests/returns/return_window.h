@@ -3,19 +3,15 @@
 // beside it; helpers to key bills, press buttons and read the store back.
 #include "platform/basic/app_path.h"
 #include "platform/basic/clock.h"
-#include "platform/basic/variant.h"
 #include "platform/forms/flex_grid.h"
+#include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
-#include "platform/store/recordset.h"
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
 #include "support/printers.h"
-#include "support/qt_app.h"
 #include "support/screens.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -24,7 +20,6 @@ protected:
     using Bills = std::vector<QStringList>;
 
     void SetUp() override {
-        ensureApp();
         ASSERT_TRUE(folder.isValid());
         for (const char* rpt : {"RptPurchase.rpt", "RptPurchaseInterState.rpt", "RptSales.rpt"})
             ASSERT_TRUE(QFile::copy(QStringLiteral(VORLAN_PROGRAM_DIR "/") + rpt, folder.filePath(rpt))) << rpt;
@@ -86,6 +81,9 @@ protected:
         return boxes.boxes();
     }
     std::vector<forms::RecordedBox> add() { return press([&] { w->cmdAdd_Click(); }); }
+    // The texts of the labels and boxes, joined by blanks.
+    template <class... Shown>
+    static QString texts(Shown*... shown) { return QStringList{shown->text()...}.join(' '); }
 
     QTemporaryDir folder;
     std::unique_ptr<returns::frmNormal> w;

@@ -1,5 +1,4 @@
 // The chooser and the return window between each other, and the purchase-kind list.
-#include "platform/forms/list_box.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
 #include "return_window.h"
@@ -9,13 +8,10 @@ using namespace returns;
 
 namespace {
 
-class WindowFlows : public ::testing::Test {
+class WindowFlows : public ReturnWindow {
 protected:
     void SetUp() override {
-        ensureApp();
-        ASSERT_TRUE(folder.isValid());
-        basic::SetAppPath(folder.path());
-        basic::Clock::set(QDate(2026, 3, 15));
+        ReturnWindow::SetUp();
         forms::define("frmSelect", [] { return new frmSelect; });
         forms::define("frmNormal", [] { return new frmNormal; });
         forms::define("frmEFiling", [] { return new frmEFiling; });
@@ -26,15 +22,8 @@ protected:
         DealerName.clear();
         DirectToForm = false;
         forms::reset();
-        ReleaseReturnStores();
-        rsLookup = rsBills = rsReport = store::Recordset::nothing();
-        basic::Clock::reset();
+        ReturnWindow::TearDown();
     }
-    void exec(const QString& sql) {
-        ConnectReturnStore();
-        cnReturn.Execute(sql);
-    }
-    QTemporaryDir folder;
     forms::MsgBoxRecorder boxes;
 };
 
@@ -92,20 +81,11 @@ TEST_F(WindowFlows, PurchaseKindSwitchesTheGridAndTheRates) {
     exec("INSERT INTO tblPurchase1 (cCode, cMonth, Party, BillDate) VALUES ('', 'March', 'Local', '2026-03-02')");
     exec("INSERT INTO tblPurchaseInterState1 (cCode, cMonth, Party, BillDate, Amount, RateOfTax) "
          "VALUES ('', 'March', 'From Chennai', '2026-03-04', 250, '4')");
-    auto* w = forms::get<frmNormal>("frmNormal");
-    w->Show();
-    struct Case {
-        int index;
-        const char* party;
-        const char* lastRate;
-        const char* amount4;
-    } cases[] = {{1, "From Chennai", "      20", "250.00"}, {0, "Local", "     20       ", "0.00"}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.party);
+    const struct { int index; const char* party, *lastRate, *amount4; } cases[] = {{1, "From Chennai", "      20", "250.00"}, {0, "Local", "     20       ", "0.00"}};
+    for (const auto& c : cases) {
         w->List4->setListIndex(c.index);
-        EXPECT_EQ(w->fg1->TextMatrix(1, 2), c.party);
-        EXPECT_EQ(w->List2->List(4), c.lastRate);
-        EXPECT_EQ(w->Label14->text(), c.amount4);
+        EXPECT_EQ(QStringList({w->fg1->TextMatrix(1, 2), w->List2->List(4), w->Label14->text()}),
+                  QStringList({c.party, c.lastRate, c.amount4}));
     }
 }
 

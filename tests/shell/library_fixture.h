@@ -2,19 +2,17 @@
 // A program folder of its own for each test, holding a copy of the sample library, opened by MyMOD.
 #include "platform/basic/app_path.h"
 #include "platform/basic/runtime_error.h"
+#include "platform/forms/msgbox.h"
+#include "platform/forms/window_registry.h"
 #include "shell/my_mod.h"
 #include "support/printers.h"
-#include "support/qt_app.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 class LibraryFixture : public ::testing::Test {
 protected:
     void SetUp() override {
-        ensureApp();
         ASSERT_TRUE(dir.isValid());
         for (const char* f : {"0909214SD01.mdb", "1309214SD02.mdb", "1509214SD03.mdb"})
             ASSERT_TRUE(QFile::copy(QStringLiteral(VORLAN_PROGRAM_DIR "/") + f, dir.filePath(f))) << f;
@@ -22,29 +20,10 @@ protected:
         shell::InitLibraryStore();
     }
     void TearDown() override {
+        forms::reset();   // the windows first: they hold record sets on the library
         shell::cnLibrary1 = shell::cnLibrary2 = shell::cnLibrary3 = store::Connection();
         basic::SetAppPath(QString());
     }
     QTemporaryDir dir;
 };
 
-// The rows of a sample source table (data/library/<table>.tsv): column name to text; an empty field is
-// absent (Null), a field "" is the empty text.
-inline QList<QHash<QString, QString>> sampleRows(const QString& table) {
-    QFile f(QStringLiteral(VORLAN_SOURCE_DIR "/data/library/") + table + QStringLiteral(".tsv"));
-    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << table.toStdString();
-    QStringList header;
-    QList<QHash<QString, QString>> rows;
-    for (const QString& line : QString::fromUtf8(f.readAll()).split(u'\n')) {
-        if (line.isEmpty() || line.startsWith(u'#')) continue;
-        const QStringList fields = line.split(u'\t');
-        if (header.isEmpty()) { header = fields; continue; }
-        QHash<QString, QString> row;
-        for (int i = 0; i < fields.size() && i < header.size(); ++i) {
-            if (fields[i].isEmpty()) continue;
-            row.insert(header[i], fields[i] == u"\"\"" ? QString() : fields[i]);
-        }
-        rows.append(row);
-    }
-    return rows;
-}

@@ -1,9 +1,7 @@
 // The document windows of the main toolbar: which document each number shows, print, back, resize.
 #include "library_fixture.h"
 
-#include "platform/forms/msgbox.h"
 #include "platform/forms/twips.h"
-#include "platform/forms/window_registry.h"
 #include "shell/text_viewers.h"
 
 #include <QPrinter>
@@ -24,10 +22,6 @@ protected:
         forms::define("main", [] { return new QWidget; });
         forms::define("help", [] { return new shell::help; });
         forms::define("frmca", [] { return new shell::frmca; });
-    }
-    void TearDown() override {
-        forms::reset();
-        LibraryFixture::TearDown();
     }
 };
 

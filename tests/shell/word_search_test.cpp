@@ -1,30 +1,10 @@
-// The word search: the statement built from the typed words and the list it fills. The typing search is
+// The word search: the list the typed words fill. The typing search is
 // driven through the list page (tests/library/list_page_test.cpp).
 #include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
 #include "shell/library_fixture.h"
 #include "shell/word_search.h"
 
 namespace {
-
-TEST(WordSearchQuery, PatternFromTheTypedWords) {
-    const std::pair<const char*, const char*> cases[] = {
-        {" tax", "'% tax%'"},  // a blank at an end ties the word to a word boundary: sales tax, not syntax
-        {"tax ", "'%tax %'"},
-        {"Input  Tax", "'%input% %tax%'"},
-        {"  input   tax  credit ", "'% input% %tax% %credit %'"},
-        {"[a]", "'%%a%%'"},
-        {"{Sale}", "'%%sale%%'"},
-        {"Dealer's", "'%dealer''s%'"},
-        {"", "'%%'"},
-    };
-    for (const auto& [text, pattern] : cases)
-        EXPECT_EQ(shell::WordSearchQuery("Keralafields", " ActSection ", text, "  "),
-                  QStringLiteral("Select  * from Keralafields where lcase(`ActSection`) like ") + pattern)
-            << text;
-    EXPECT_EQ(shell::WordSearchQuery("Keralafields", "ActSection", "a", "ActSection"),
-              QStringLiteral("Select  * from Keralafields where lcase(`ActSection`) like '%a%' ORDER BY ActSection"));
-}
 
 class WordSearch : public LibraryFixture {
 protected:
@@ -34,9 +14,6 @@ protected:
         for (int i = 0; i < list.ListCount(); ++i) all.emplace_back(list.List(i), list.ItemData(i));
         return all;
     }
-    struct App {
-        App() { ensureApp(); }
-    } app;  // before the list
     forms::ListBox list;
     forms::MsgBoxRecorder boxes;
 };
@@ -56,6 +33,8 @@ TEST_F(WordSearch, FindsSectionsByWordsInOrder) {
         {" tax", {{"-Levy of tax", 7}, {"32", 202}, {"6", 3}}},
         {"TAX", {{"-Levy of tax", 7}, {"31", 201}, {"32", 202}, {"33", 203}, {"6", 3}}},
         {"input   tax", {{"32", 202}}},
+        {"tax ", {{"31", 201}, {"32", 202}, {"33", 203}}},  // a blank at the end too
+        {"[Input] {tax}", {{"32", 202}}},                 // brackets match anything
         {"tax input", {{"33", 203}}},
         {"dealer's", {{"34", 205}}},
         {"12-3-act", {{"12-3", 204}}},  // listed up to its last hyphen

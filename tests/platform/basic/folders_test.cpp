@@ -1,8 +1,6 @@
 // Which folder the shipped files and the user's files are taken from, by where the program lies.
 #include "platform/basic/folders.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 

@@ -6,9 +6,6 @@
 
 #include "support/printers.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextBrowser>
@@ -18,31 +15,19 @@
 namespace documents {
 namespace {
 
-class EmbeddedDocument : public ::testing::Test {
-protected:
-    void SetUp() override {
-        write("contents.rtf", "{\\rtf1 Contents: {\\field{\\*\\fldinst{HYPERLINK \"forms/FORMC.rtf\"}}{\\fldrslt Form C}}}");
-        QByteArray act = "{\\rtf1 THE ACT\\par ";
-        act += QByteArray("preamble\\par ").repeated(300) + "{\\*\\bkmkstart a10}Section 8}";
-        write("ACT.rtf", act);
-        write("forms/FORMC.rtf", "{\\rtf1 FORM C {\\field{\\*\\fldinst{HYPERLINK \"../ACT.rtf\" \\\\l \"a10\"}}{\\fldrslt sec 8}}}");
-    }
-    void TearDown() override {
-        if (auto* viewer = FullViewer::existing()) viewer->hide();
-    }
-    void write(const QString& name, const QByteArray& bytes) {
+// Links followed one after the other in the viewer, from the embedded contents page.
+TEST(EmbeddedDocument, LinksOfTheOpenedDocumentLeadToFilesBesideIt) {
+    QTemporaryDir dir;
+    const std::pair<const char*, QByteArray> files[] = {
+        {"contents.rtf", "{\\rtf1 Contents: {\\field{\\*\\fldinst{HYPERLINK \"forms/FORMC.rtf\"}}{\\fldrslt Form C}}}"},
+        {"ACT.rtf", "{\\rtf1 THE ACT\\par " + QByteArray("preamble\\par ").repeated(300) + "{\\*\\bkmkstart a10}Section 8}"},
+        {"forms/FORMC.rtf", "{\\rtf1 FORM C {\\field{\\*\\fldinst{HYPERLINK \"../ACT.rtf\" \\\\l \"a10\"}}{\\fldrslt sec 8}}}"}};
+    for (const auto& [name, bytes] : files) {
         QDir().mkpath(QFileInfo(dir.filePath(name)).absolutePath());
         QFile f(dir.filePath(name));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(bytes);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size());
     }
-
-    QTemporaryDir dir;
     OleContainer OLE1;
-};
-
-// Links followed one after the other in the viewer, from the embedded contents page.
-TEST_F(EmbeddedDocument, LinksOfTheOpenedDocumentLeadToFilesBesideIt) {
     OLE1.CreateEmbed(dir.filePath(QStringLiteral("contents.rtf")));
     EXPECT_EQ(basic::resume([&] { OLE1.CreateEmbed(dir.filePath(QStringLiteral("none.rtf"))); }).number(), 75);
     OLE1.Refresh();  // neither the failed embedding nor a refresh drops the document
@@ -66,6 +51,7 @@ TEST_F(EmbeddedDocument, LinksOfTheOpenedDocumentLeadToFilesBesideIt) {
     openInFull("{\\rtf1 stored}");
     viewer->followLink(QStringLiteral("forms/FORMC.rtf"));
     EXPECT_EQ(viewer->view()->plainText(), QLatin1String("stored"));
+    viewer->hide();
 }
 
 }  // namespace

@@ -32,18 +32,13 @@ TEST(FindBar, CountsAndStepsThroughTheHitsOfAnRtfDocument) {
     QTest::keyClick(text, Qt::Key_F, Qt::ControlModifier);
     ASSERT_TRUE(bar->isVisible());
     QTest::keyClicks(bar->field, QStringLiteral("credit"));
-    struct Step {
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        const char* count;
-    };
-    const Step steps[] = {
+    const struct { Qt::Key key; Qt::KeyboardModifiers modifiers; const char* count; } steps[] = {
         {Qt::Key_unknown, {}, "1 of 4"},          {Qt::Key_Return, {}, "2 of 4"},
         {Qt::Key_F3, {}, "3 of 4"},               {Qt::Key_Return, Qt::ShiftModifier, "2 of 4"},
         {Qt::Key_F3, Qt::ShiftModifier, "1 of 4"}, {Qt::Key_F3, Qt::ShiftModifier, "4 of 4"},
         {Qt::Key_Return, {}, "1 of 4"},
     };
-    for (const Step& s : steps) {
+    for (const auto& s : steps) {
         if (s.key != Qt::Key_unknown) QTest::keyClick(bar->field, s.key, s.modifiers);
         EXPECT_EQ(bar->count->text(), QString::fromLatin1(s.count));
         EXPECT_EQ(text->textCursor().selectedText().toLower(), QStringLiteral("credit")) << s.count;
@@ -60,18 +55,14 @@ TEST(FindBar, CountsAndStepsThroughTheHitsOfAnRtfDocument) {
 
 TEST(HitMarks, FindsTheWordsOfASearchAsTheIndexReadsThem) {
     const QString text = QStringLiteral("Input-tax credit; the INPUT TAX of credited goods. നികുതി ഇളവ്, നികുതിയും.");
-    struct Case {
-        const char* typed;
-        const char* hits;
-    };
-    const Case cases[] = {
+    const struct { const char* typed, *hits; } cases[] = {
         {"\"input tax\"", "Input-tax INPUT TAX"},
         {"credit", "credit"},
         {"credit* NOT goods", "credit credited"},
         {"tax OR ഇളവ്", "tax TAX ഇളവ്"},
         {"നികുതി*", "നികുതി നികുതിയും"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         QStringList found;
         for (const TextRange& r : findTerms(text, store::parseTextQuery(QString::fromUtf8(c.typed)).sought()))
             found << text.mid(r.start, r.end - r.start);

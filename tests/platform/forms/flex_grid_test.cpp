@@ -1,6 +1,5 @@
 #include "platform/forms/flex_grid.h"
 
-#include "platform/basic/runtime_error.h"
 #include "platform/forms/twips.h"
 #include "support/printers.h"
 
@@ -73,28 +72,6 @@ TEST(FlexGrid, CellGeometryPointsAtTheCellEvenWhenScrolled) {
     }
 }
 
-TEST(FlexGrid, RemoveItemShiftsRowsUpAndKeepsTheLastOne) {
-    const struct { int rows, remove, current; QStringList firstColumn; int error, rowAfter; } cases[] = {
-        {4, 2, 2, {"0", "1", "3"}, 0, 2},
-        {4, 3, 3, {"0", "1", "2"}, 0, 2},
-        {4, 1, 3, {"0", "2", "3"}, 0, 2},
-        {2, 1, 1, {"0", "1"}, 30015, 1},
-        {3, 0, 1, {"0", "1", "2"}, 30009, 1},
-        {3, 5, 1, {"0", "1", "2"}, 30009, 1},
-    };
-    for (const auto& tc : cases) {
-        Grid t(tc.rows);
-        t.g.setRow(tc.current);
-        const basic::RuntimeError e = basic::resume([&] { t.g.RemoveItem(tc.remove); });
-        EXPECT_EQ(e.number(), tc.error) << tc.rows << " " << tc.remove;
-        if (e.number() == 30015) { EXPECT_EQ(e.description(), "Cannot remove last non-fixed row"); }
-        QStringList col;
-        for (int r = 0; r < t.g.Rows(); ++r) col << t.g.TextMatrix(r, 0);
-        EXPECT_EQ(col, tc.firstColumn) << tc.rows << " " << tc.remove;
-        EXPECT_EQ(t.g.Row(), tc.rowAfter);
-    }
-}
-
 TEST(FlexGrid, ReshapingKeepsTextAndClampsTheCursorSilently) {
     Grid t(6);
     t.g.setTextMatrix(5, 9, "x");
@@ -114,8 +91,6 @@ TEST(FlexGrid, ReshapingKeepsTextAndClampsTheCursorSilently) {
     t.g.Clear();
     EXPECT_EQ(t.g.TextMatrix(2, 3), "");
     EXPECT_EQ(t.g.Rows(), 6);
-    for (auto [r, c] : {std::pair{6, 0}, std::pair{0, 10}, std::pair{-1, 0}})
-        EXPECT_EQ(basic::resume([&] { t.g.TextMatrix(r, c); }).number(), r == 0 ? 30010 : 30009) << r << "," << c;
 }
 
 }  // namespace

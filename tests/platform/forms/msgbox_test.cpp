@@ -11,26 +11,7 @@
 #include "platform/forms/runtime_errors.h"
 #include "support/printers.h"
 
-namespace forms {
-void PrintTo(const RecordedBox& b, std::ostream* os) {
-    *os << "{\"" << b.text.toStdString() << "\", " << b.style << ", \"" << b.title.toStdString() << "\"}";
-}
-}  // namespace forms
-
 namespace {
-
-using forms::MsgBox;
-using forms::MsgBoxRecorder;
-using forms::RecordedBox;
-
-TEST(MsgBox, FirstButtonAnswerOfEachButtonSet) {
-    const std::vector<std::pair<int, int>> cases{
-        {forms::vbOKOnly + forms::vbInformation, forms::vbOK}, {forms::vbOKCancel, forms::vbOK},
-        {forms::vbAbortRetryIgnore, forms::vbAbort},           {forms::vbYesNoCancel, forms::vbYes},
-        {forms::vbYesNo + forms::vbCritical, forms::vbYes},    {forms::vbRetryCancel, forms::vbRetry},
-        {forms::vbYesNo + forms::vbDefaultButton2, forms::vbYes}};
-    for (const auto& [style, answer] : cases) EXPECT_EQ(forms::firstButtonAnswer(style), answer) << style;
-}
 
 TEST(MsgBox, RealBoxAnswersTheButtonPressed) {
     // Presses No on the box shown, once the event loop runs inside it.
@@ -38,7 +19,7 @@ TEST(MsgBox, RealBoxAnswersTheButtonPressed) {
         for (QWidget* w : QApplication::topLevelWidgets())
             if (auto* box = qobject_cast<QMessageBox*>(w)) box->button(QMessageBox::No)->click();
     });
-    EXPECT_EQ(MsgBox("Are  you Sure?", forms::vbYesNo, "Exit Windows"), forms::vbNo);
+    EXPECT_EQ(forms::MsgBox("Are  you Sure?", forms::vbYesNo, "Exit Windows"), forms::vbNo);
 }
 
 TEST(Guard, EscapingErrorsBecomeTheRunTimeErrorBox) {
@@ -48,28 +29,11 @@ TEST(Guard, EscapingErrorsBecomeTheRunTimeErrorBox) {
         {[] { throw std::runtime_error("disk full"); }, "Run-time error '5':\n\ndisk full"},
         {[] { throw 42; }, "Run-time error '51':\n\nInternal error"}};
     for (const auto& [handler, box] : cases) {
-        MsgBoxRecorder recorder;
+        forms::MsgBoxRecorder recorder;
         forms::guard(handler);
-        EXPECT_EQ(recorder.boxes(), (box.isEmpty() ? std::vector<RecordedBox>{}
-                                                   : std::vector<RecordedBox>{{box, 16, "Vorlan"}}));
+        EXPECT_EQ(recorder.boxes(), (box.isEmpty() ? std::vector<forms::RecordedBox>{}
+                                                   : std::vector<forms::RecordedBox>{{box, 16, "Vorlan"}}));
     }
-}
-
-TEST(Wire, HandlerErrorStopsAtTheBoxAndTheSignalKeepsWorking) {
-    MsgBoxRecorder recorder;
-    QObject source;
-    QStringList seen;
-    int plainRuns = 0;
-    forms::wire(&source, &QObject::objectNameChanged, &source, [&](const QString& name) {
-        seen << name;
-        throw basic::RuntimeError(94, "Invalid use of Null");
-    });
-    forms::wire(&source, &QObject::objectNameChanged, &source, [&] { ++plainRuns; });
-    source.setObjectName("Tvw");
-    source.setObjectName("tvw2");
-    EXPECT_EQ(seen, (QStringList{"Tvw", "tvw2"}));
-    EXPECT_EQ(plainRuns, 2);
-    EXPECT_EQ(recorder.boxes().size(), 2u);
 }
 
 }  // namespace

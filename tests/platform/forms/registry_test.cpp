@@ -5,8 +5,6 @@
 #include <QLabel>
 #include <QPointer>
 
-#include "platform/basic/runtime_error.h"
-
 namespace {
 
 class frmTest : public QWidget {};
@@ -53,18 +51,6 @@ TEST_F(WindowRegistry, ResetSurvivesAWindowThatAnotherTookOver) {
     forms::reset();   // the owner goes first and takes frmTest with it; frmTest is not deleted twice
     EXPECT_TRUE(owned.isNull());
     EXPECT_FALSE(forms::exists("frmOwner"));
-}
-
-TEST_F(WindowRegistry, WrongNameOrClassRaisesRunTimeErrors) {
-    const std::vector<std::pair<std::function<void()>, int>> cases{
-        {[] { forms::get("frmMissing"); }, 5},
-        {[] { forms::get<frmTest>("label"); }, 13},
-        {[] {
-             forms::define("selfish", [] { return forms::get("selfish"); });
-             forms::get("selfish");
-         },
-         5}};
-    for (const auto& [touch, number] : cases) EXPECT_EQ(basic::resume(touch).number(), number);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
-#include <QWindow>
 
 #include "platform/forms/runtime_errors.h"
 #include "support/printers.h"
@@ -54,43 +53,12 @@ TEST_F(TreeViewClicks, MouseGivesTheEventsWithTheNodeSelected) {
     }
 }
 
-TEST_F(TreeViewClicks, ClickBesideTheNodesKeepsTheSelectionAndEnterReachesKeyDown) {
+TEST_F(TreeViewClicks, ClickBesideTheNodesKeepsTheSelection) {
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, at("Ker"));
     events.clear();
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, QPoint(150, 290));
     EXPECT_EQ(tree.SelectedItem().Key(), QStringLiteral("Ker"));
     EXPECT_EQ(events, QStringList{"Click:Ker"});
-    int code = 0;
-    forms::wire(&tree, &forms::TreeView::KeyDown, &tree, [&](int keyCode, int) { code = keyCode; });
-    QTest::keyClick(&tree, Qt::Key_Return);
-    EXPECT_EQ(code, 13);
-}
-
-TEST(TreeViewNodes, KeysAndIndicesAndTheirErrors) {
-    forms::TreeView tree;
-    tree.Nodes.Add("Oner", "Kerala value Added  Tax Circulars", 1);
-    tree.Nodes.Add("Oner", forms::tvwChild, "Twor", "Sectionwise", 1, 2);
-    EXPECT_EQ(tree.Nodes(2).Text(), QStringLiteral("Sectionwise"));
-    EXPECT_EQ(tree.Nodes("Twor").Index(), 2);
-    EXPECT_EQ(tree.Nodes("Twor").item()->parent(), tree.Nodes("Oner").item());
-
-    const std::vector<std::pair<std::function<void()>, int>> cases{
-        {[&] { tree.Nodes.Add("Oner", forms::tvwChild, "Twor", "again"); }, 35602},
-        {[&] { tree.Nodes.Add("Nope", forms::tvwChild, "cirsub", "Subjectwise"); }, 35601},
-        {[&] { tree.Nodes("cirsub"); }, 35601},
-        {[&] { tree.Nodes(3); }, 35600},
-        {[&] { tree.SelectedItem().Key(); }, 91}};   // nothing selected yet
-    for (const auto& [touch, number] : cases) EXPECT_EQ(basic::resume(touch).number(), number);
-    EXPECT_EQ(tree.Nodes.Count(), 2);
-}
-
-TEST(TreeViewNodes, VisibleIsTheControlsOwnSetting) {
-    QWidget window;   // never shown
-    auto* tree = new forms::TreeView(&window);
-    tree->hide();
-    EXPECT_FALSE(tree->Visible());
-    tree->show();
-    EXPECT_TRUE(tree->Visible() && !tree->isVisible());
 }
 
 TEST(TreeViewNodes, SelectedNodeShowsItsSelectedImage) {

@@ -13,7 +13,7 @@ TEST(Twips, ToPixelsAndBack) {
     const std::pair<int, int> cases[] = {{0, 0},     {15, 1},     {7, 0},      {8, 1},       {22, 1},   {23, 2},
                                          {750, 50},  {1740, 116}, {2590, 173}, {13650, 910}, {-15, -1}, {-8, -1}};
     for (const auto& [twips, pixels] : cases) EXPECT_EQ(forms::twips(twips), pixels) << twips;
-    for (const int pixels : {0, 1, 116, 910, -2}) EXPECT_EQ(forms::toTwips(pixels), pixels * 15) << pixels;
+    for (const auto& [pixels, twips] : {std::pair{0, 0}, {1, 15}, {116, 1740}, {-2, -30}}) EXPECT_EQ(forms::toTwips(pixels), twips);
 }
 
 TEST(LockWindowUpdate, HoldsOneWindowUntilReleased) {

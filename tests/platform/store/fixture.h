@@ -1,8 +1,6 @@
 #pragma once
 // A small library-and-return database made in a temporary folder, and a text picture of a record set's rows.
 #include "platform/basic/runtime_error.h"
-#include "platform/basic/variant.h"
-#include "platform/store/connection.h"
 #include "platform/store/recordset.h"
 #include "support/printers.h"
 
@@ -43,9 +41,13 @@ protected:
         return QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + dir.path() + file + tail;
     }
 
-    QString query(const QString& sql) {
+    store::Recordset open(const QString& sql) {
         store::Recordset rs;
         rs.Open(sql, cn, store::Recordset::adOpenStatic, store::Recordset::adLockOptimistic);
+        return rs;
+    }
+    QString query(const QString& sql) {
+        store::Recordset rs = open(sql);
         return rowsText(rs);
     }
 
@@ -80,6 +82,5 @@ protected:
         "INSERT INTO tblMPage1 (cCode, cYear, cSequence, cRPFrom) VALUES ('','2008','Monthly','May')",
         "CREATE TABLE tblMPage2 (cCode TEXT COLLATE NOCASE, cYear TEXT COLLATE NOCASE, cSequence TEXT COLLATE "
         "NOCASE, cRPFrom TEXT COLLATE NOCASE, FrmFlg INTEGER)",
-        "CREATE VIEW qActs AS SELECT name FROM Kerala WHERE type = 'act'",
     };
 };

@@ -1,8 +1,6 @@
 // The drives offered for a backup, and the test that a drive can be written.
 #include "platform/system/drives.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 

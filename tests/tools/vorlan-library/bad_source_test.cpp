@@ -3,25 +3,10 @@
 #include "library_files.h"
 
 #include <QCryptographicHash>
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 using namespace libtest;
 
 namespace {
-
-void copyTree(const QString& from, const QString& to)
-{
-    for (QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
-        const QString source = it.next(), target = to + source.mid(from.size());
-        QDir().mkpath(QFileInfo(target).path());
-        ASSERT_TRUE(QFile::copy(source, target)) << target.toStdString();
-    }
-}
 
 // Each file of the folder with a digest of its bytes.
 QStringList contents(const QString& dir)

@@ -1,9 +1,6 @@
-// The three files: each opens with its own password only, and names are found by index.
+// The three files: each opens with its own password only, names are found by index, and each document
+// is held as the bytes of its file.
 #include "library_files.h"
-
-#include <QDir>
-
-#include <gtest/gtest.h>
 
 using namespace libtest;
 
@@ -27,11 +24,17 @@ TEST(Files, DocumentNamesAreFoundByIndexNotByScanning)
     // The list page looks a name up at every key typed, in a table of any size.
     for (const char* sql : {"select fname from KERALA where name='1-2' and type='Act'",
                             "select fname from Kerala where name='SRO 82/2006'"}) {
-        QString plan;
-        for (const QVariantList& row : query(sampleLibrary(), kFile1, QStringLiteral("EXPLAIN QUERY PLAN ") + sql))
-            plan += row.last().toString() + '\n';
+        const QString plan = query(sampleLibrary(), kFile1, QStringLiteral("EXPLAIN QUERY PLAN ") + sql).join('\n');
         EXPECT_TRUE(plan.contains("USING INDEX Kerala_name")) << plan.toStdString();
     }
+}
+
+TEST(Files, DocumentsKeepTheBytesOfTheirFiles)
+{
+    QFile file(kSource + "/documents/act-section-1.rtf");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(query(sampleLibrary(), kFile1, "SELECT hex(fname) FROM Kerala WHERE name = '1'"),
+              QStringList{QString::fromLatin1(file.readAll().toHex().toUpper())});
 }
 
 }  // namespace

@@ -1,19 +1,9 @@
 #include "library_files.h"
 
 #include "cli.h"
-#include "platform/store/full_text.h"
 #include "support/qt_app.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTextStream>
-
-#include <gtest/gtest.h>
-#include <sqlite3.h>
-#include <map>
-#include <memory>
-#include <stdexcept>
+#include <QDirIterator>
 
 namespace libtest {
 
@@ -29,78 +19,22 @@ int build(const QStringList& arguments, QString* err)
     return code;
 }
 
-static QString builtOnce(const QStringList& what, QTemporaryDir& dir)
+QString sampleLibrary()
 {
+    static QTemporaryDir dir;
     QString err;
-    if (!QFile::exists(dir.filePath(kFile1.file)) && build(what + QStringList{"--out", dir.path()}, &err) != 0)
+    if (!QFile::exists(dir.filePath(kFile1.file)) && build({"--source", kSource, "--out", dir.path()}, &err) != 0)
         ADD_FAILURE() << err.toStdString();
     return dir.path();
 }
 
-QString sampleLibrary()
+void copyTree(const QString& from, const QString& to)
 {
-    static QTemporaryDir dir;
-    return builtOnce({"--source", kSource}, dir);
-}
-
-namespace {
-
-// Opens the file read-only with its key (when given) and runs one statement; throws with SQLite's message.
-struct Db {
-    sqlite3* db = nullptr;
-    Db(const QString& path, const QString& password)
-    {
-        sqlite3_open_v2(QFile::encodeName(path).constData(), &db, SQLITE_OPEN_READONLY, nullptr);
-        if (!password.isEmpty())
-            run("PRAGMA key = '" + QString(password).replace('\'', "''") + "'", {});
-        store::registerFullText(db);
-    }
-    ~Db() { sqlite3_close_v2(db); }
-    std::vector<QVariantList> run(const QString& sql, const QVariantList& parameters)
-    {
-        sqlite3_stmt* st = nullptr;
-        if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &st, nullptr) != SQLITE_OK)
-            throw std::runtime_error(sqlite3_errmsg(db));
-        for (int i = 0; i < parameters.size(); ++i)
-            sqlite3_bind_text(st, i + 1, parameters[i].toString().toUtf8().constData(), -1, SQLITE_TRANSIENT);
-        std::vector<QVariantList> rows;
-        int step;
-        while ((step = sqlite3_step(st)) == SQLITE_ROW) {
-            QVariantList row;
-            for (int c = 0; c < sqlite3_column_count(st); ++c) {
-                const int type = sqlite3_column_type(st, c);
-                const QByteArray bytes(static_cast<const char*>(sqlite3_column_blob(st, c)), sqlite3_column_bytes(st, c));
-                row << (type == SQLITE_NULL ? QVariant() : type == SQLITE_BLOB ? QVariant(bytes) : QVariant(QString::fromUtf8(bytes)));
-            }
-            rows.push_back(row);
-        }
-        sqlite3_finalize(st);
-        if (step != SQLITE_DONE)
-            throw std::runtime_error(sqlite3_errmsg(db));
-        return rows;
-    }
-};
-
-}  // namespace
-
-std::vector<QVariantList> query(const QString& dir, const LibraryFileName& file, const QString& sql,
-                                const QVariantList& parameters)
-{
-    // Deriving the key costs tens of milliseconds, so each file stays open for the whole program.
-    static std::map<QString, std::unique_ptr<Db>> open;
-    const QString path = QDir(dir).filePath(file.file);
-    auto& db = open[path];
-    if (!db)
-        db = std::make_unique<Db>(path, file.password);
-    return db->run(sql, parameters);
-}
-
-bool readable(const QString& path, const QString& password)
-{
-    try {
-        return !Db(path, password).run("SELECT count(*) FROM sqlite_master", {}).empty();
-    } catch (const std::runtime_error&) {
-        return false;
+    for (QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString source = it.next(), target = to + source.mid(from.size());
+        QDir().mkpath(QFileInfo(target).path());
+        if (!QFile::copy(source, target))
+            ADD_FAILURE() << target.toStdString();
     }
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 // Shared by the builder's tests: building a library into a temporary folder and reading it back
 // through the SQLCipher C API.
+#include "platform/store/full_text.h"
 #include "support/printers.h"
+#include "support/sqlite_rows.h"
 
-#include <QString>
-#include <QStringList>
-#include <QVariant>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 namespace libtest {
 
@@ -23,14 +25,17 @@ int build(const QStringList& arguments, QString* err = nullptr);
 // The sample library, built once for the whole test program.
 QString sampleLibrary();
 
-// Every row of a query on a file of the folder (Null as an invalid QVariant); throws std::runtime_error.
-std::vector<QVariantList> query(const QString& dir, const LibraryFileName& file, const QString& sql,
-                                const QVariantList& parameters = {});
-inline int count(const QString& dir, const LibraryFileName& file, const QString& sql, const QVariantList& p = {}) {
-    return query(dir, file, sql, p)[0][0].toInt();
+// The rows of a statement on a file of the folder, opened with its key, fields joined by "|".
+inline QStringList query(const QString& dir, const LibraryFileName& file, const QString& sql) {
+    return ::query(QDir(dir).filePath(file.file), sql, file.password, store::registerFullText);
 }
 
-// True when a query on the file succeeds with that key (empty: no key at all).
-bool readable(const QString& path, const QString& password);
+// True when the file can be read with that key (empty: no key at all).
+inline bool readable(const QString& path, const QString& password) {
+    return ::query(path, "SELECT 'read' FROM sqlite_master LIMIT 1", password) == QStringList{"read"};
+}
+
+// Copies every file under `from` to the same place under `to`.
+void copyTree(const QString& from, const QString& to);
 
 }  // namespace libtest

@@ -1,4 +1,4 @@
-// The widget tests need a QApplication before the first test runs.
+// The main of the widget test programs: they need a QApplication before the first test runs.
 #include <gtest/gtest.h>
 
 #include "support/qt_app.h"
