@@ -42,7 +42,8 @@ TEST_F(Kerala, EachToolbarKeyBringsItsTreeForwardWithItsFocusRule) {
         EXPECT_FALSE(w->Frame2->isVisible());
         if (row.tree) lastFront = row.tree;
         if (lastFront) { EXPECT_EQ(frontTree(), lastFront); }
-        EXPECT_EQ(QApplication::focusWidget(), row.takesFocus ? row.tree : static_cast<QWidget*>(w->Toolbar2));
+        if (row.takesFocus) { EXPECT_EQ(QApplication::focusWidget(), row.tree); }
+        else { EXPECT_TRUE(w->Toolbar2->isAncestorOf(QApplication::focusWidget())); }   // the bar's button
     }
     EXPECT_TRUE(boxes.boxes().empty());
 }
@@ -65,7 +66,7 @@ TEST_F(Kerala, UnansweredKeysAndDropDownEntriesDoNothing) {
     EXPECT_TRUE(w->isVisible());
     EXPECT_TRUE(w->Frame1->isVisible());
     EXPECT_EQ(frontTree(), w->tvwc);
-    EXPECT_EQ(QApplication::focusWidget(), w->Toolbar2);
+    EXPECT_TRUE(w->Toolbar2->isAncestorOf(QApplication::focusWidget()));
     EXPECT_FALSE(forms::exists("main"));
     EXPECT_TRUE(boxes.boxes().empty());
 }

@@ -104,6 +104,12 @@ void Toolbar::focusButtons() {
         if (QWidget* b = widgetForAction(action); b && b->focusPolicy() == Qt::TabFocus) return b->setFocus(Qt::TabFocusReason);
 }
 
+// The bar itself shows no focus and takes no keys; a window that lets it take the focus means its buttons.
+void Toolbar::focusInEvent(QFocusEvent* event) {
+    QToolBar::focusInEvent(event);
+    focusButtons();
+}
+
 bool Toolbar::eventFilter(QObject* watched, QEvent* event) {
     auto* current = qobject_cast<QToolButton*>(watched);
     if (!current || event->type() != QEvent::KeyPress) return QToolBar::eventFilter(watched, event);

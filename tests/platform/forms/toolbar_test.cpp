@@ -74,6 +74,10 @@ TEST_F(ToolbarClicks, KeyboardWalksTheBarAndPresses) {
     // The bar is one stop: Tab finds no other button in it.
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(focusedKey(), "bac");
+    // A bar that may take the focus itself hands it on to that button, so Tab never rests on the bare bar.
+    toolbar.setFocusPolicy(Qt::StrongFocus);
+    toolbar.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(focusedKey(), "bac");
 }
 
 }  // namespace
