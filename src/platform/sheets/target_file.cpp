@@ -47,6 +47,14 @@ basic::RuntimeError WriteError(const QString& path, int error) {
     }
 }
 
+int LibraryWriteErrno() {
+    const int e = errno;
+    switch (e) {
+    case ENOSPC: case EDQUOT: case EFBIG: case EACCES: case EPERM: case EROFS: case EIO: return e;
+    default: return 0;
+    }
+}
+
 basic::RuntimeError SheetError(const QString& path, const QString& why) {
     return basic::RuntimeError(75, QStringLiteral("The file %1 cannot be written: %2").arg(shown(path), why));
 }

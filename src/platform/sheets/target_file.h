@@ -32,6 +32,10 @@ private:
 // the description names the file.
 basic::RuntimeError WriteError(const QString& path, int error);
 
+// errno after a library's write failed: kept when it tells of the disk or the folder, else 0, since a
+// library may leave a stale value from a call that did not matter.
+int LibraryWriteErrno();
+
 // Any other fault of a writer (a sheet too large, a bad name): error 75 naming the file.
 basic::RuntimeError SheetError(const QString& path, const QString& why);
 

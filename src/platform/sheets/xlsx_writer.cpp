@@ -71,7 +71,7 @@ void WriteXlsx(const QString& path, const std::vector<Sheet>& sheets) {
     lxw_workbook_options options{};
     options.tmpdir = scratch.data();
     Workbook book(workbook_new_opt(file.constData(), &options));
-    if (!book.book) target.fail(errno);
+    if (!book.book) target.fail(LibraryWriteErrno());
     Formats formats(book.book);
     for (const Sheet& sheet : sheets) {
         lxw_worksheet* ws = workbook_add_worksheet(book.book, sheet.name.toUtf8().constData());
@@ -111,7 +111,7 @@ void WriteXlsx(const QString& path, const std::vector<Sheet>& sheets) {
     errno = 0;
     const lxw_error closed = book.close();
     if (closed != LXW_NO_ERROR) {
-        const int error = errno;
+        const int error = LibraryWriteErrno();
         if (closed == LXW_ERROR_MEMORY_MALLOC_FAILED) throw SheetError(path, QStringLiteral("out of memory."));
         target.fail(error);
     }

@@ -39,5 +39,7 @@ ChildReport runInChild(const std::function<void()>& prepare, const std::function
     r.description = o.value("description").toString();
     for (const auto& v : o.value("left").toArray()) r.left << v.toString();
     r.target = QByteArray::fromBase64(o.value("target").toString().toLatin1());
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        r.description = QStringLiteral("the child ended with status %1").arg(status);
     return r;
 }

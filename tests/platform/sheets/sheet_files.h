@@ -49,6 +49,33 @@ print(json.dumps(out))
     return QJsonDocument::fromJson(runPython(script, {path})).object();
 }
 
+// The same read by odfpy from an ODS file (format and boldness left empty): another program's reading
+// of the white space, the value types and the values.
+inline QJsonObject readWithOdfpy(const QString& path) {
+    static const QString script = QStringLiteral(R"(
+import json, sys
+from odf.opendocument import load
+from odf import table, text, teletype
+doc = load(sys.argv[1])
+out = {}
+for t in doc.spreadsheet.getElementsByType(table.Table):
+    rows = []
+    for r in t.getElementsByType(table.TableRow):
+        cells = []
+        for c in r.getElementsByType(table.TableCell):
+            vt = c.getAttribute("valuetype")
+            if vt == "string": k, v = "s", "\n".join(teletype.extractText(p) for p in c.getElementsByType(text.P))
+            elif vt in ("float", "percentage", "currency"): k, v = "n", float(c.getAttribute("value"))
+            elif vt == "date": k, v = "d", c.getAttribute("datevalue")[:10]
+            else: k, v = "", ""
+            cells += [[k, v, "", False]] * int(c.getAttribute("numbercolumnsrepeated") or 1)
+        rows.append(cells)
+    out[t.getAttribute("name")] = rows
+print(json.dumps(out))
+)");
+    return QJsonDocument::fromJson(runPython(script, {path})).object();
+}
+
 // What a child process reports back: the writer's error (number 0: none) and the names left in a folder.
 struct ChildReport {
     int number = -1;
