@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <xlsxwriter.h>
+#include <zip.h>
 
 namespace sheets {
 
@@ -60,6 +61,43 @@ private:
     QHash<QString, lxw_format*> formats_;
 };
 
+// libxlsxwriter (1.1.4) builds each part in a scratch file and does not check those writes: on a disk
+// that fills up it zips the parts cut short and reports success. So each XML part of the finished file
+// is inflated again (which also checks its CRC) and must end with the end tag of its root element.
+bool partsWhole(const QByteArray& file) {
+    zip_t* zip = zip_open(file.constData(), ZIP_RDONLY, nullptr);
+    if (!zip) return false;
+    bool whole = true;
+    const zip_int64_t entries = zip_get_num_entries(zip, 0);
+    QByteArray buffer(1 << 16, Qt::Uninitialized);
+    for (zip_int64_t i = 0; i < entries && whole; ++i) {
+        const QByteArray name(zip_get_name(zip, zip_uint64_t(i), 0));
+        if (!name.endsWith(".xml") && !name.endsWith(".rels")) continue;
+        zip_file_t* part = zip_fopen_index(zip, zip_uint64_t(i), 0);
+        if (!part) {
+            whole = false;
+            break;
+        }
+        QByteArray head, tail;
+        for (zip_int64_t n; (n = zip_fread(part, buffer.data(), zip_uint64_t(buffer.size()))) != 0;) {
+            if (n < 0) {
+                whole = false;
+                break;
+            }
+            if (head.size() < 512) head += buffer.left(qsizetype(n));
+            tail = (tail + buffer.left(qsizetype(n))).right(512);
+        }
+        zip_fclose(part);
+        // The root's name: the first element after the declaration.
+        static const QRegularExpression root(QStringLiteral("<([A-Za-z_][\\w.:-]*)"));
+        const auto m = root.match(QString::fromLatin1(head));
+        const QByteArray end = tail.trimmed();
+        whole = whole && m.hasMatch() && (end.endsWith("</" + m.captured(1).toLatin1() + ">") || (end.endsWith("/>") && head.size() == end.size()));
+    }
+    zip_discard(zip);
+    return whole;
+}
+
 }  // namespace
 
 void WriteXlsx(const QString& path, const std::vector<Sheet>& sheets) {
@@ -110,11 +148,9 @@ void WriteXlsx(const QString& path, const std::vector<Sheet>& sheets) {
     }
     errno = 0;
     const lxw_error closed = book.close();
-    if (closed != LXW_NO_ERROR) {
-        const int error = LibraryWriteErrno();
-        if (closed == LXW_ERROR_MEMORY_MALLOC_FAILED) throw SheetError(path, QStringLiteral("out of memory."));
-        target.fail(error);
-    }
+    const int error = LibraryWriteErrno();   // a scratch file's failed write leaves its errno here
+    if (closed == LXW_ERROR_MEMORY_MALLOC_FAILED) throw SheetError(path, QStringLiteral("out of memory."));
+    if (closed != LXW_NO_ERROR || !partsWhole(file)) target.fail(error);
     target.commit();
 }
 
