@@ -40,9 +40,10 @@ void WriteXlsx(const QString& path, const std::vector<Sheet>& sheets);
 // number formats fall back to the general format. Control characters other than tab and line breaks
 // cannot stand in the file and become U+FFFD.
 void WriteOds(const QString& path, const std::vector<Sheet>& sheets);
-// One sheet; numbers written with a point and without grouping (the format's decimals kept), dates as
-// dd-mm-yyyy, text as it stands, quoted where it must be; lines end with CR LF. UTF-8 with a byte-order
-// mark, so that a spreadsheet program reads the rupee sign and Malayalam right.
+// One sheet; numbers as their format shows them but with a point and without grouping ("125000.50",
+// "0012", "12.50%"), dates as dd-mm-yyyy, text as it stands (nothing added before "=" or "+"), quoted
+// where it must be; lines end with CR LF. UTF-8 with a byte-order mark, so that a spreadsheet program
+// reads the rupee sign and Malayalam right.
 void WriteCsv(const QString& path, const Sheet& sheet, QChar separator = QLatin1Char(','));
 
 }  // namespace sheets
