@@ -18,6 +18,14 @@ Q_DECLARE_LOGGING_CATEGORY(lcSystem)     // vorlan.system
 // VORLAN_LOGGING_CATEGORY(lcReturns, "vorlan.returns")
 #define VORLAN_LOGGING_CATEGORY(name, text) Q_LOGGING_CATEGORY(name, text, QtCriticalMsg)
 
+// ignore() below, bound to a folder's category, for that folder's namespace: VORLAN_IGNORE_IN(lcReturns)
+// lets the folder write ignore([&] { statement; }).
+#define VORLAN_IGNORE_IN(category)                                                                          \
+    template <class F>                                                                                      \
+    ::basic::RuntimeError ignore(F&& statement, std::source_location where = std::source_location::current()) { \
+        return ::basic::ignore(category(), std::forward<F>(statement), where);                              \
+    }
+
 namespace basic {
 
 // Logs an error that a routine goes on past: its number and text, the routine and the line.

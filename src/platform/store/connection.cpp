@@ -236,7 +236,7 @@ Statement::Statement(Database& db, const QString& sql) : db_(db) {
     const QByteArray utf8 = sql.toUtf8();
     const char* tail = nullptr;
     if (sqlite3_prepare_v2(db.handle(), utf8.constData(), int(utf8.size()), &stmt_, &tail) != SQLITE_OK)
-        throw databaseError(db.handle());
+        throw databaseError(db.handle(), sql);
     if (!stmt_) throw providerError(QStringLiteral("Invalid SQL statement."));
     for (; tail && *tail; ++tail)
         if (*tail != ';' && !QChar::isSpace(uchar(*tail))) {
@@ -254,7 +254,7 @@ bool Statement::step() {
     const int rc = sqlite3_step(stmt_);
     if (rc == SQLITE_ROW) return true;
     if (rc == SQLITE_DONE) return false;
-    basic::RuntimeError e = databaseError(db_.handle());
+    basic::RuntimeError e = databaseError(db_.handle(), QString::fromUtf8(sqlite3_sql(stmt_)));
     db_.lastFailure = e.description();
     sqlite3_reset(stmt_);
     throw e;
