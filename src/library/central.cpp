@@ -1,4 +1,5 @@
 #include "library/central.h"
+#include "library/log.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -8,6 +9,7 @@
 #include "platform/documents/ole_container.h"
 #include "platform/forms/errors.h"
 #include "platform/forms/keys.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/toolbar.h"
 #include "platform/forms/tree_view.h"
@@ -20,9 +22,7 @@ namespace {
 
 constexpr int kToolbarHeight = 750;
 
-void place(QWidget* w, int left, int top, int width, int height) {
-    w->setGeometry(forms::twips(left), forms::twips(top), forms::twips(width), forms::twips(height));
-}
+using forms::place;
 
 // The nodes, all under the root "One"; the second "States" is a node of its own.
 const char* const kNodes[][2] = {
@@ -128,7 +128,7 @@ void central::buildControls() {
     for (int i = 0; i < 3; ++i) {
         auto* ole = *containers[i] = new documents::OleContainer(this);
         place(ole, 3855, 1320, 9555, 6960);
-        basic::resume([&] { ole->CreateEmbed(folder + QString::fromUtf8(pages[i])); });
+        ignore([&] { ole->CreateEmbed(folder + QString::fromUtf8(pages[i])); });
     }
 
     forms::wire(Toolbar2, &forms::Toolbar::ButtonClick, this,
@@ -237,7 +237,7 @@ void central::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     // The toolbar is aligned to the window's top edge; nothing else moves.
     Toolbar2->setGeometry(0, 0, width(), forms::twips(kToolbarHeight));
-    basic::resume([this] { Form_Resize(); });
+    ignore([this] { Form_Resize(); });
 }
 
 void central::mousePressEvent(QMouseEvent* event) {

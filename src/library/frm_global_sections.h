@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QWidget>
 #include <cstdint>
+#include <functional>
 
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
@@ -103,6 +104,8 @@ protected:
 
 private:
     void showColorError(const char* routine, const basic::RuntimeError& e);
+    std::int32_t colourProperty(const char* routine, std::int32_t color, const std::function<void(const QColor&)>& set,
+                                const std::function<QColor()>& get);
     void hideColumn(int column);
 
     store::Recordset recSet_ = store::Recordset::nothing();

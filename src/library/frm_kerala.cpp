@@ -12,6 +12,7 @@
 #include "platform/basic/variant.h"
 #include "platform/forms/errors.h"
 #include "platform/forms/keys.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
@@ -30,16 +31,13 @@ namespace {
 constexpr int kToolbarHeight = 750;
 constexpr int kStatusBarHeight = 375;
 
-// Places in twips; the widgets keep pixels, 15 twips to the pixel.
-void place(QWidget* w, int left, int top, int width, int height) {
-    w->setGeometry(forms::twips(left), forms::twips(top), forms::twips(width), forms::twips(height));
-}
-int topOf(const QWidget* w) { return forms::toTwips(w->y()); }
-int widthOf(const QWidget* w) { return forms::toTwips(w->width()); }
-int heightOf(const QWidget* w) { return forms::toTwips(w->height()); }
-void setLeft(QWidget* w, int left) { w->move(forms::twips(left), w->y()); }
-void setTop(QWidget* w, int top) { w->move(w->x(), forms::twips(top)); }
-void setHeight(QWidget* w, int height) { w->resize(w->width(), forms::twips(height)); }
+using forms::heightOf;
+using forms::place;
+using forms::setHeight;
+using forms::setLeft;
+using forms::setTop;
+using forms::topOf;
+using forms::widthOf;
 
 // The nodes of the seven trees, each tree's root first, children in the order they are added.
 struct NodeRow {

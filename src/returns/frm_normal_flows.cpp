@@ -6,6 +6,7 @@
 #include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/show_form.h"
+#include "platform/forms/wait_cursor.h"
 #include "platform/forms/window_registry.h"
 #include "returns/frm_normal.h"
 #include "returns/frm_select.h"
@@ -13,7 +14,6 @@
 #include "returns/module2.h"
 #include "returns/store_work.h"
 
-#include <QApplication>
 #include <QSignalBlocker>
 
 namespace returns {
@@ -23,14 +23,6 @@ namespace {
 using basic::Variant;
 
 QString today(const char* format) { return basic::Format(Variant(basic::Clock::today()), QString::fromLatin1(format)); }
-
-// The hourglass while Add works; it goes before any box, whichever way the work ends.
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 }  // namespace
 
@@ -182,7 +174,7 @@ void frmNormal::addMonth(bool byEnter) {
     // The registers' routines pass over their failures; one that cost the transaction is the failure of
     // the step that met it, so each such step ends with a check.
     const bool added = runStoreWork(kAddWords, kindChosen, [&] {
-        const WaitCursor busy;
+        const forms::WaitCursor busy;
         storeStep(QStringLiteral("preparing the registers"), [&] { procLoadKey(); });
         if (local) {
             procWritePurchase();

@@ -3,6 +3,7 @@
 #include "platform/basic/variant.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/keys.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
@@ -103,8 +104,7 @@ void frmNormal::procSetGrid2() { setGrid(fg2); }
 void frmNormal::moveTextBox(forms::FlexGrid* grid, QLineEdit* box) {
     if (grid->Col() > 9) return;
     box->setVisible(true);
-    box->setGeometry(forms::twips(grid->Left() + grid->CellLeft()), forms::twips(grid->Top() + grid->CellTop()),
-                     forms::twips(grid->CellWidth()), forms::twips(grid->CellHeight()));
+    forms::place(box, grid->Left() + grid->CellLeft(), grid->Top() + grid->CellTop(), grid->CellWidth(), grid->CellHeight());
 }
 
 void frmNormal::procMoveTextBox() { moveTextBox(fg1, txtGrid1); }

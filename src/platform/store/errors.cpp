@@ -43,8 +43,8 @@ basic::RuntimeError storeError(int number) {
 }
 
 // Every fault of a file or a statement passes here, so this is where the log hears of it.
-basic::RuntimeError providerError(const QString& description) {
-    qCWarning(lcStore).noquote() << "store fault:" << description;
+basic::RuntimeError providerError(const QString& description, bool logged) {
+    if (logged) qCWarning(lcStore).noquote() << "store fault:" << description;
     return basic::RuntimeError(kProviderError, description, kSource);
 }
 

@@ -20,7 +20,7 @@ inline constexpr int kPermissionDenied = 70;
 inline constexpr int kPathNotFound = 76;
 
 basic::RuntimeError storeError(int number);            // the platform's text for the numbers above
-basic::RuntimeError providerError(const QString& description);
+basic::RuntimeError providerError(const QString& description, bool logged = true);
 // The database's own message; `statement` is what was running, for the log.
 basic::RuntimeError databaseError(sqlite3* db, const QString& statement = QString());
 

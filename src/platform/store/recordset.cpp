@@ -1,5 +1,6 @@
 #include "platform/store/recordset.h"
 
+#include "platform/basic/log.h"
 #include "platform/store/database.h"
 #include "platform/store/errors.h"
 #include "platform/store/filter.h"
@@ -481,9 +482,10 @@ void Recordset::Open(const QString& source, const Connection& connection, int cu
     if (t.rowidAt >= 0) {
         // A view or an alias clash refuses the extra rowid; such a set is then read-only.
         try {
-            st = std::make_unique<detail::Statement>(db, t.sqlWithRowid());
+            st = std::make_unique<detail::Statement>(db, t.sqlWithRowid(), true);
             withRowid = true;
-        } catch (const basic::RuntimeError&) {
+        } catch (const basic::RuntimeError& e) {
+            qCDebug(lcStore).noquote() << "read-only set, the rowid was refused:" << e.description();
         }
     }
     if (!st) st = std::make_unique<detail::Statement>(db, t.sql);
