@@ -1,4 +1,5 @@
 #include "library/central.h"
+#include "library/law_toolbar.h"
 #include "library/log.h"
 
 #include <QEvent>
@@ -38,29 +39,6 @@ const char* const kNodes[][2] = {
     {"We", "West Bangal"},
 };
 
-struct ButtonRow {
-    const char* caption;
-    const char* key;
-    const char* toolTip;  // nullptr: none
-    QStyle::StandardPixmap picture;
-};
-
-const ButtonRow kButtons[] = {
-    {"Act", "Act", "Act", QStyle::SP_FileDialogContentsView},
-    {"Rules", "rul", "Rules", QStyle::SP_FileDialogDetailedView},
-    {"Cash Payment", "CP", nullptr, QStyle::SP_DialogYesButton},
-    {"Bank Payment", "BP", nullptr, QStyle::SP_DriveHDIcon},
-    {"Circulars", "circu", "Circulars", QStyle::SP_FileIcon},
-    {"Notification", "not", "Notification", QStyle::SP_MessageBoxInformation},
-    {"Schedules", "sch", "Schedules", QStyle::SP_FileDialogListView},
-    {"Judgements", "jud", "Judgements", QStyle::SP_DialogApplyButton},
-    {"Forms", "forms", "Word Forms", QStyle::SP_FileDialogNewFolder},
-    {"Allied", "Ali", "Allied Act,Forms,Rules", QStyle::SP_DirLinkIcon},
-    {"R.Judgement", "rec", "Recent Judgements", QStyle::SP_BrowserReload},
-    {"CA", "ca", "Tools for Chartered Accountants", QStyle::SP_ComputerIcon},
-    {"Back", "bac", "Back to Main Menu", QStyle::SP_ArrowBack},
-};
-
 // The keys a double click once sent to windows of their own. Each window was a local object that nothing
 // sets, so showing it is error 91; "SRDAT" is compared too and leads to nothing.
 const char* const kUnsetWindowKeys[] = {"COM", "EMP",    "DEP", "DES",  "EMPUPD", "OVE", "ATT",
@@ -86,17 +64,12 @@ void central::buildControls() {
 
     ImageList1.Add(style()->standardIcon(QStyle::SP_DirClosedIcon));
     ImageList1.Add(style()->standardIcon(QStyle::SP_DirOpenIcon));
-    for (const ButtonRow& row : kButtons) ImageList2.Add(style()->standardIcon(row.picture));
 
     Toolbar2 = new forms::Toolbar(this);
     Toolbar2->setImageList(&ImageList2);
     Toolbar2->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     Toolbar2->setMovable(false);
-    int image = 0;
-    for (const ButtonRow& row : kButtons) {
-        auto b = Toolbar2->Buttons.Add(QString::fromUtf8(row.key), QString::fromUtf8(row.caption), ++image);
-        b.setToolTipText(row.toolTip ? QString::fromUtf8(row.toolTip) : QString());
-    }
+    fillLawToolbar(Toolbar2, ImageList2, style(), PaymentButtons::OnTheBar);
     place(Toolbar2, 0, 0, 13650, kToolbarHeight);
 
     Tvw = new forms::TreeView(this);

@@ -42,8 +42,9 @@ void setBack(QWidget* w, const QColor& color) {
 
 }  // namespace
 
-frmGlobalSections::frmGlobalSections()
-    : frameContent(new QGroupBox(QStringLiteral("Select the item you want and click GO"), this)),
+frmGlobalSections::frmGlobalSections(QWidget* parent)
+    : QWidget(parent, Qt::Window),
+      frameContent(new QGroupBox(QStringLiteral("Select the item you want and click GO"), this)),
       DataGrid1(new forms::DataGrid(frameContent)),
       cmdGO(new QPushButton(QStringLiteral("&GO"), frameContent)),
       cmdBack(new QPushButton(QStringLiteral("&Back"), frameContent)),

@@ -24,7 +24,8 @@ namespace library {
 class frmGlobalSections : public QWidget {
     Q_OBJECT
 public:
-    frmGlobalSections();
+    // With a parent, a window of its own that the parent owns and that stays in front of it.
+    explicit frmGlobalSections(QWidget* parent = nullptr);
 
     QGroupBox* frameContent;
     forms::DataGrid* DataGrid1;

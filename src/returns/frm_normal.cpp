@@ -17,22 +17,23 @@ namespace returns {
 
 namespace {
 
+template <class Control>
+Control* placed(Control* control, int left, int top, int width, int height) {
+    forms::place(control, left, top, width, height);
+    return control;
+}
+
 QLabel* makeLabel(QWidget* parent, const QString& caption, int left, int top, int width, int height) {
-    auto* l = new QLabel(caption, parent);
-    forms::place(l, left, top, width, height);
-    return l;
+    return placed(new QLabel(caption, parent), left, top, width, height);
 }
 
 QLineEdit* makeBox(QWidget* parent, int left, int top, int width, int height) {
-    auto* b = new QLineEdit(parent);
-    forms::place(b, left, top, width, height);
-    return b;
+    return placed(new QLineEdit(parent), left, top, width, height);
 }
 
 QPushButton* makeButton(QWidget* parent, const QString& caption, unsigned bgr, int left, int top, int width,
                         int height) {
-    auto* b = new QPushButton(caption, parent);
-    forms::place(b, left, top, width, height);
+    auto* b = placed(new QPushButton(caption, parent), left, top, width, height);
     forms::setBackColour(b, bgr);
     return b;
 }

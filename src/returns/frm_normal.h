@@ -216,6 +216,7 @@ private:
 
     // The grids, their editors and keys (frm_normal_walk.cpp).
     void setGrid(forms::FlexGrid* grid);
+    void stepCursor(forms::FlexGrid* grid);
     void moveTextBox(forms::FlexGrid* grid, QLineEdit* box);
     void enterCell(const Side& side);
     void leaveCell(const Side& side);

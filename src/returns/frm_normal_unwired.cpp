@@ -34,15 +34,7 @@ void frmNormal::procGridEdit(forms::FlexGrid* grid, QLineEdit* box, int KeyAscii
     box->setVisible(true);
 }
 
-void frmNormal::procMoveColumn() {
-    if (fg1->Col() == 9) {
-        if (fg1->Row() != fg1->Rows() - 1) fg1->setRow(fg1->Row() + 1);
-        else procNewGridCreateRow(fg1);
-        fg1->setCol(1);
-    } else {
-        fg1->setCol(fg1->Col() + 1);
-    }
-}
+void frmNormal::procMoveColumn() { stepCursor(fg1); }
 
 
 void frmNormal::procGridCreateRow2() { procNewGridCreateRow(fg2); }

@@ -113,9 +113,8 @@ void frmNormal::procMoveTextBox2() { moveTextBox(fg2, txtGrid2); }
 // ---- the cursor's walk -------------------------------------------------------------------------------
 
 // One step of the walk: along the row, and from column 9 to column 1 of the next row, appending a row
-// at the end of the grid. The purchase pass runs here whichever grid moved; the sales key handlers run
-// their own pass after it.
-void frmNormal::procMoveColumn1(forms::FlexGrid* grid) {
+// at the end of the grid.
+void frmNormal::stepCursor(forms::FlexGrid* grid) {
     if (grid->Col() == 9) {
         if (grid->Row() != grid->Rows() - 1) grid->setRow(grid->Row() + 1);
         else procNewGridCreateRow(grid);
@@ -123,6 +122,11 @@ void frmNormal::procMoveColumn1(forms::FlexGrid* grid) {
     } else {
         grid->setCol(grid->Col() + 1);
     }
+}
+
+// The purchase pass runs here whichever grid moved; the sales key handlers run their own pass after it.
+void frmNormal::procMoveColumn1(forms::FlexGrid* grid) {
+    stepCursor(grid);
     procTotalCal1();
 }
 
@@ -212,6 +216,7 @@ void frmNormal::enterCell(const Side& side) {
     // The keyboard always ends in the box, whose focus handler selects its text.
     if (grid->Enabled() && grid->Visible()) grid->SetFocus();
     if (box->isEnabled() && !box->isHidden()) box->setFocus();
+    (this->*side.totals)();
 }
 
 void frmNormal::leaveCell(const Side& side) {
@@ -222,27 +227,13 @@ void frmNormal::leaveCell(const Side& side) {
     const int c = grid->Col();
     if (c >= 1 && c <= 5) grid->setText(side.box->text());
     else if (c >= 6 && c <= 9) grid->setText(twoDecimals(basic::Val(side.box->text())));
+    (this->*side.totals)();
 }
 
-void frmNormal::fg1_EnterCell() {
-    enterCell(purchases());
-    procTotalCal1();
-}
-
-void frmNormal::fg1_LeaveCell() {
-    leaveCell(purchases());
-    procTotalCal1();
-}
-
-void frmNormal::fg2_EnterCell() {
-    enterCell(sales());
-    procTotalCal2();
-}
-
-void frmNormal::fg2_LeaveCell() {
-    leaveCell(sales());
-    procTotalCal2();
-}
+void frmNormal::fg1_EnterCell() { enterCell(purchases()); }
+void frmNormal::fg1_LeaveCell() { leaveCell(purchases()); }
+void frmNormal::fg2_EnterCell() { enterCell(sales()); }
+void frmNormal::fg2_LeaveCell() { leaveCell(sales()); }
 
 // ---- keys in the editors -----------------------------------------------------------------------------
 
