@@ -28,6 +28,11 @@ Q_DECLARE_LOGGING_CATEGORY(lcSystem)     // vorlan.system
 
 namespace basic {
 
+// What the user asked for with --log: every message of the program is also written to the file at
+// `path` (added to it), a line each with its time and category, and every vorlan category is turned on
+// unless QT_LOGGING_RULES chooses. The reason, when the file cannot be opened for writing; else empty.
+QString logToFile(const QString& path);
+
 // Logs an error that a routine goes on past: its number and text, the routine and the line.
 void logIgnored(const QLoggingCategory& category, const RuntimeError& error, const std::source_location& where);
 
