@@ -80,9 +80,11 @@ void frmNormal::exportPage(const QString& table, const PageBoxes& updateBoxes, c
     rsBills.Fields(QStringLiteral("cYear")) = Variant(year);
     rsBills.Fields(QStringLiteral("cSequence")) = Variant(QStringLiteral("Monthly"));
     if (basic::Trim(txtRPTo->text()).isEmpty()) {
-        // The added row is left pending and goes with the recordset.
-        forms::MsgBox(QStringLiteral("Please Enter Return Period  "), forms::vbOKOnly);
-        txtRPTo->setFocus();
+        // The added row is left pending and goes with the recordset. The box waits until the file is free.
+        afterStoreWork([this] {
+            forms::MsgBox(QStringLiteral("Please Enter Return Period  "), forms::vbOKOnly);
+            txtRPTo->setFocus();
+        });
         return;
     }
     rsBills.Fields(QStringLiteral("cRPFrom")) = Variant(txtRPTo->text());

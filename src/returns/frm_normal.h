@@ -254,9 +254,13 @@ private:
     void deleteMonth(bool byEnter);
     bool runStoreWork(const StoreWords& words, const std::function<bool()>& ask, const std::function<void()>& work);
     void storeStep(const QString& step, const std::function<void()>& work);
+    // A box of the work, shown when the work has let the file go (at once outside any work).
+    void afterStoreWork(std::function<void()> box);
 
     bool loaded_ = false;
     QString storeStep_;
+    bool storeWorking_ = false;
+    std::vector<std::function<void()>> afterStoreWork_;
 };
 
 }  // namespace returns

@@ -11,6 +11,7 @@
 #include "returns/module2.h"
 #include "returns/store_work.h"
 
+#include <utility>
 #include <vector>
 
 namespace returns {
@@ -50,14 +51,16 @@ bool frmNormal::runStoreWork(const StoreWords& words, const std::function<bool()
         ConnectReturnStore();
         transaction = cnReturn;
         transaction.BeginTrans();
-        began = true;
+        began = storeWorking_ = true;
         work();
         storeStep_ = QStringLiteral("writing the month to the disk");
         transaction.CommitTrans();
     });
+    if (failure.number() != 0 && began) ignore([&] { transaction.RollbackTrans(); });
+    storeWorking_ = false;
+    for (const auto& box : std::exchange(afterStoreWork_, {})) box();
     if (failure.number() == 0) return asked;
 
-    if (began) ignore([&] { transaction.RollbackTrans(); });
     putBack(fg1, fg1Seen);
     putBack(fg2, fg2Seen);
     txtDate->setText(dateSeen);
@@ -69,6 +72,11 @@ bool frmNormal::runStoreWork(const StoreWords& words, const std::function<bool()
     else forms::MsgBox(failureText(words, failure, storeStep_, basic::UserPath() + QStringLiteral("/nwForm10DB.mdb")),
                        forms::vbExclamation, words.title);
     return false;
+}
+
+void frmNormal::afterStoreWork(std::function<void()> box) {
+    if (storeWorking_) afterStoreWork_.push_back(std::move(box));
+    else box();
 }
 
 // A step of the work that passes over its own failures: one that cost the transaction is the failure

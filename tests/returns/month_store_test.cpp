@@ -126,22 +126,43 @@ TEST_F(MonthStore, DeleteAsksForPurchasesThenSales) {
     EXPECT_EQ(column("SELECT count(*) FROM tblCommon"), QStringList{"1"});   // the summary outlives the bills
 }
 
-// Delete's questions wait for the user with the file free: another program writes the file while a
-// question is open, and what was answered Yes is deleted after it.
-TEST_F(MonthStore, AnotherProgramWritesWhileDeleteAsks) {
+// A box of Delete or Export waits for the user with the return file free: another program writes the
+// file while each box is open (a row named for the box), and the press still does its work after it.
+struct WaitingBoxes {
+    const char* name;
+    void (returns::frmNormal::*press)();
+    const char* period;
+    QStringList written;
+    const char* after, *rows;
+};
+
+class BoxWaits : public MonthStore, public ::testing::WithParamInterface<WaitingBoxes> {};
+
+TEST_P(BoxWaits, AnotherProgramWritesMeanwhile) {
+    const WaitingBoxes& c = GetParam();
     put(w->fg1, {{"01-03-26", "P", "", "", "      0", "10", "0", "", "10.00"}});
     put(w->fg2, {{"01-03-26", "S", "", "", "      0", "20", "0", "", "20.00"}});
     add();
+    w->txtRPTo->setText(c.period);
     const QString file = folder.filePath("nwForm10DB.mdb");
     forms::MsgBoxRecorder boxes;
     boxes.whileOpen([&](const RecordedBox& box) {
         query(file, "INSERT INTO tblSales (cCode, cMonth, Party) VALUES ('', 'April', '" + box.title + "')");
     });
-    w->cmdDelete_Click();
-    EXPECT_EQ(column("SELECT Party FROM tblSales ORDER BY Party"),
-              (QStringList{"Delete Local Purchase Records ", "Delete Sales Records "}));
-    EXPECT_EQ(column("SELECT count(*) FROM tblPurchase1"), QStringList{"0"});
+    (w.get()->*c.press)();
+    EXPECT_EQ(column("SELECT Party FROM tblSales WHERE cMonth='April' ORDER BY Party"), c.written);
+    EXPECT_EQ(column(c.after), QStringList{c.rows});
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    MonthStore, BoxWaits,
+    ::testing::Values(WaitingBoxes{"DeleteQuestions", &returns::frmNormal::cmdDelete_Click, "March",
+                                   {"Delete Local Purchase Records ", "Delete Sales Records "},
+                                   "SELECT count(*) FROM tblPurchase1", "0"},
+                      WaitingBoxes{"ExportWithoutPeriod", &returns::frmNormal::cmdExport_Click, "",
+                                   {"Success...........!", "Vorlan", "Vorlan", "Vorlan"},
+                                   "SELECT count(*) FROM tblMPage3", "0"}),
+    [](const ::testing::TestParamInfo<WaitingBoxes>& info) { return std::string(info.param.name); });
 
 // A cell that a read leaves empty can be explained afterwards: with the returns log on, the error the
 // read passed over is there with its routine; with it off, nothing is written.
