@@ -33,8 +33,10 @@ QLineEdit* makeBox(QWidget* parent, int left, int top, int width, int height) {
 
 QPushButton* makeButton(QWidget* parent, const QString& caption, unsigned bgr, int left, int top, int width,
                         int height) {
+    // The face only: the frame keeps the style's own colour.
     auto* b = placed(new QPushButton(caption, parent), left, top, width, height);
-    forms::setBackColour(b, bgr);
+    forms::setColour(b, QPalette::Button, bgr);
+    b->setAutoFillBackground(true);
     return b;
 }
 
