@@ -3,6 +3,7 @@
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
 #include "platform/sheets/cell_reading.h"
+#include "returns/log.h"
 #include "returns/module2.h"
 
 #include <cmath>
@@ -78,7 +79,7 @@ QString GridDate(const QString& text, QString* reason) {
     const QString shown = date.value->toString(QStringLiteral("dd-MM-yy"));
     // The grid keeps two digits of the year, and saving reads them back by the platform's rule.
     QDate back;
-    basic::resume([&] { back = DateFromBillText(shown); });
+    ignore([&] { back = DateFromBillText(shown); });
     if (back != *date.value) {
         *reason = QStringLiteral("%1 lies outside the years 1930 to 2029 that a bill date can hold.")
                       .arg(date.value->toString(QStringLiteral("dd-MM-yyyy")));

@@ -3,6 +3,7 @@
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
 #include "platform/forms/flex_grid.h"
+#include "returns/log.h"
 #include "returns/module2.h"
 
 #include <QDir>
@@ -35,7 +36,8 @@ Cell amountCell(const QString& text) {
 
 Cell dateCell(const QString& text) {
     QDate date;
-    if (!text.trimmed().isEmpty()) basic::resume([&] { date = DateFromBillText(text); });
+    // A cell that is no date goes out as the text the grid holds.
+    if (!text.trimmed().isEmpty()) ignore([&] { date = DateFromBillText(text); });
     return date.isValid() ? Cell::ofDate(date, QStringLiteral("dd-mm-yyyy")) : Cell::ofText(text);
 }
 

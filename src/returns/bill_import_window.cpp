@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -34,6 +35,18 @@ QString columnName(int c) {
     return name;
 }
 
+QString counted(std::size_t n, const char* one, const char* many) {
+    return QStringLiteral("%1 %2").arg(n).arg(QLatin1String(n == 1 ? one : many));
+}
+
+// What a bill row goes into the grid as: the texts of columns 1 to 8, as after typing.
+QString gridTexts(const BillLine& line) {
+    QStringList cells;
+    for (int c = kFirstBillField; c <= kLastBillField; ++c)
+        if (line.filled[std::size_t(c)]) cells << BillFieldName(BillField(c)) + QStringLiteral(": ") + line.cells[std::size_t(c)].trimmed();
+    return QStringLiteral("Goes into the grid as\n") + cells.join(QLatin1Char('\n'));
+}
+
 std::vector<BillField> fieldsByPlace(int columns) {
     std::vector<BillField> f;
     for (int c = 0; c < columns; ++c) f.push_back(c < kLastBillField ? BillField(c + 1) : BillField::None);
@@ -58,6 +71,9 @@ BillImportWindow::BillImportWindow(const QString& fileName, sheets::SheetContent
 
     auto* choices = new QHBoxLayout;
     auto* left = new QFormLayout;
+    auto* file = new QLabel(QFileInfo(fileName).fileName(), this);
+    file->setToolTip(QDir::toNativeSeparators(fileName));
+    left->addRow(QStringLiteral("File:"), file);
     left->addRow(QStringLiteral("&Sheet:"), sheetBox);
     left->addRow(QStringLiteral("&Header in row:"), headerBox);
     auto* right = new QFormLayout;
@@ -184,6 +200,8 @@ void BillImportWindow::showSheet() {
         const QStringList& cells = sheet_.rows[std::size_t(r)];
         for (int c = 0; c < columns; ++c) table->setItem(r + 1, c, new QTableWidgetItem(cells.value(c)));
     }
+    table->resizeColumnsToContents();
+    for (int c = 0; c < columns; ++c) table->setColumnWidth(c, std::clamp(table->columnWidth(c), 120, 220));
     headerBox->setRange(0, std::max(1, shown));
     filling_ = false;
     chooseHeaderRow(FindHeaderRow(sheet_.rows));
@@ -202,15 +220,16 @@ void BillImportWindow::reread() {
     if (!reading_.blocker.isEmpty()) {
         text = QStringLiteral("<span style='color:#a00000'><b>%1</b></span>").arg(reading_.blocker.toHtmlEscaped());
     } else {
-        text = QStringLiteral("<b>%1 bills</b> will go into %2 after bill %3.")
-                   .arg(reading_.bills.size())
-                   .arg(t.name.toHtmlEscaped())
+        text = QStringLiteral("<b>%1</b> will go into %2 after bill %3.")
+                   .arg(counted(reading_.bills.size(), "bill", "bills"), t.name.toHtmlEscaped())
                    .arg(t.lastBill);
         if (reading_.refusedRows > 0)
-            text += QStringLiteral(" <span style='color:#a00000'>%1 rows cannot be read and are left out.</span>")
-                        .arg(reading_.refusedRows);
+            text += QStringLiteral(" <span style='color:#a00000'>%1 cannot be read and %2 left out.</span>")
+                        .arg(counted(std::size_t(reading_.refusedRows), "row", "rows"),
+                             QLatin1String(reading_.refusedRows == 1 ? "is" : "are"));
     }
-    if (reading_.emptyRows > 0) text += QStringLiteral(" %1 empty rows skipped.").arg(reading_.emptyRows);
+    if (reading_.emptyRows > 0)
+        text += QStringLiteral(" %1 skipped.").arg(counted(std::size_t(reading_.emptyRows), "empty row", "empty rows"));
     if (sheet_.truncated)
         text += QStringLiteral(" Only the first %1 rows were read.").arg(QLocale(QLocale::English).toString(kImportRowLimit));
     summary->setText(text);
@@ -222,12 +241,16 @@ void BillImportWindow::paintRows() {
     QHash<int, const ImportNote*> notes;
     for (const ImportNote& n : reading_.notes)
         if (n.row >= 0 && (!notes.contains(n.row) || n.refused)) notes[n.row] = &n;
+    QHash<int, const BillLine*> bills;
+    for (std::size_t i = 0; i < reading_.bills.size() && reading_.billRows[i] < kPreviewRows; ++i)
+        bills[reading_.billRows[i]] = &reading_.bills[i];
     for (int r = 0; r + 1 < table->rowCount(); ++r) {
         QColor colour(Qt::white);
         QString tip;
         if (r < headerRow_) colour = kTitleRow;
         else if (r == headerRow_) colour = kHeaderRow;
         else if (const ImportNote* n = notes.value(r)) colour = n->refused ? kRefusedRow : kRemarkRow, tip = n->text;
+        if (const BillLine* bill = bills.value(r)) tip = (tip.isEmpty() ? QString() : tip + QStringLiteral("\n")) + gridTexts(*bill);
         for (int c = 0; c < table->columnCount(); ++c) {
             QTableWidgetItem* item = table->item(r + 1, c);
             item->setBackground(colour);

@@ -21,6 +21,7 @@ struct ImportCase {
     QStringList notes;              // pieces of the notes, in order
     QString summary;                // a piece of the summary over the notes
     QStringList firstBill;          // cells 1..9 of the first bill in the grid after OK
+    const char* shot = nullptr;     // the preview's picture for the README
 };
 
 void PrintTo(const ImportCase& c, std::ostream* os) { *os << c.name; }
@@ -53,6 +54,9 @@ TEST_P(ImportBills, PreviewThenFillAfterTheLastBill) {
     EXPECT_TRUE(preview->summary->text().contains(c.summary)) << preview->summary->text().toStdString();
     EXPECT_EQ(rows(w->fg1), before) << "the grid waits for OK";
     EXPECT_EQ(preview->okButton->isEnabled(), !c.firstBill.isEmpty());
+    if (c.shot) {
+        EXPECT_TRUE(preview->grab().save(screen(c.shot)));
+    }
     if (c.firstBill.isEmpty()) return;
 
     sheets->fill(*preview);
@@ -74,7 +78,8 @@ ws.append([2, datetime.date(2026, 3, 6), "Cochin Traders", "32080765432", "B-77"
 ws.append(["TOTAL", None, None, None, None, None, 126000, 15665, 0]))" + kSave,
                    "", 1, 2, {"Row 5: a line of totals, left out; its Amount 126000.00 is the sum of the bills read."},
                    "2 bills</b> will go into the purchases (Local Purchase) after bill 1",
-                   {"05-03-26", "Malabar Agencies", "32070123456", "1021", "    12.5", "125000.00", "15625.00", "0.00", "140625.00"}},
+                   {"05-03-26", "Malabar Agencies", "32070123456", "1021", "    12.5", "125000.00", "15625.00", "0.00", "140625.00"},
+                   "import-preview.png"},
         ImportCase{"HeaderInTheFourthRowEmptyRowsBetween", "fourth.xlsx",
                    kBook + R"(ws.append(["Kerala Agencies"]); ws.append([]); ws.append(["TIN 32070000001"])
 ws.append(["Date", "Supplier", "Bill No", "Rate", "Amount", "Tax"])
@@ -86,14 +91,15 @@ ws.append(["", "", "", "", 999]))" + kSave,
                    kBook + R"(ws.append(["Bill Date", "Party", "Rate", "Amount"]); ws.append(["05-03-26", "A", 4, 100])
 ws.append(["06-03-26", "B", 4, "1OO"]); ws.append(["Grand Total", "", "", 200]))" + kSave,
                    "", 0, 1, {"Row 3: Amount: \"1OO\" is not an amount.", "its Amount 200.00 is not the 100.00 of the bills read above it"},
-                   "1 rows cannot be read", {"05-03-26", "A", "", "", "      4", "100.00", "", "", "100.00"}},
+                   "1 row cannot be read and is left out", {"05-03-26", "A", "", "", "      4", "100.00", "", "", "100.00"}},
         ImportCase{"TextInAmountNoSuchDayRateNoListHolds", "bad-rows.xlsx",
                    kBook + R"(ws.append(["Bill Date", "Party", "Rate", "Amount"])
 for r in [["05-03-26", "A", 4, "12a"], ["31-02-26", "B", 4, 10], ["06-03-26", "C", 4, "1,250"], ["07-03-26", "D", 5, 10]]: ws.append(r))" + kSave,
                    "", 0, 1,
                    {"Row 2: Amount: \"12a\" is not an amount.", "Row 3: Bill Date: 31-02-26 is a day that does not exist.",
                     "Row 5: Rate of Tax %: 5 % is not a rate of this register (0, 1, 4, 12.5, 20)."},
-                   "3 rows cannot be read", {"06-03-26", "C", "", "", "      4", "1250.00", "", "", "1250.00"}},
+                   "3 rows cannot be read and are left out", {"06-03-26", "C", "", "", "      4", "1250.00", "", "", "1250.00"},
+                   "import-preview-refusals.png"},
         ImportCase{"FormulaWithoutValueAndCellsMergedDown", "formulas.xlsx",
                    kBook + R"(ws.append(["Bill Date", "Party", "Rate", "Amount", "Tax"]); ws.append(["05-03-26", "A", 4, 100, "=D2*0.04"])
 ws.append(["06-03-26", "B", 4, 200, 8]); ws.append(["", "C", 4, 300, 12]); ws.append(["08-03-26", "D", 4, 50, 2])
@@ -101,10 +107,10 @@ ws.merge_cells("A3:A4"))" + kSave,
                    "", 0, 1,
                    {"Row 2: Cell E2 has a formula whose value was never saved", "Row 3: Cells A3:A4 are merged",
                     "Row 4: Cells A3:A4 are merged"},
-                   "3 rows cannot be read", {"08-03-26", "D", "", "", "      4", "50.00", "2.00", "", "52.00"}},
+                   "3 rows cannot be read and are left out", {"08-03-26", "D", "", "", "      4", "50.00", "2.00", "", "52.00"}},
         ImportCase{"SemicolonsInWindows1252", "bills.csv",
                    R"(import sys; open(sys.argv[1], "wb").write(b"Bill Date;Party;Rate;Amount;Cess\r\n05-03-26;Caf\xe9 Kochi;4;1250;1\r\n"))",
-                   "", 0, 1, {}, "1 bills",
+                   "", 0, 1, {}, "1 bill</b>",
                    {"05-03-26", QStringLiteral("Café Kochi"), "", "", "      4", "1250.00", "", "1.00", "1251.00"}},
         ImportCase{"NoColumnOfDates", "nodates.csv", R"(import sys; open(sys.argv[1], "w").write("Party,Amount,Rate\nA,1,4\n"))",
                    "", 0, 1, {}, "Choose the column that holds the Bill Date.", {}},

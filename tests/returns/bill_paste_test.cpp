@@ -2,7 +2,12 @@
 // totals worked out, a refusal that leaves the grid as it was, and Ctrl+Z that takes the paste back.
 #include "sheets_window.h"
 
+#include "platform/forms/twips.h"
+
 #include <QClipboard>
+#include <QMenu>
+#include <QPainter>
+#include <QPushButton>
 #include <QMimeData>
 
 namespace {
@@ -119,6 +124,17 @@ TEST_F(SheetsWindow, PastedBillsAreStoredByAddAndReadBack) {
     const QString labels = texts(w->txtTotal, w->Label14, w->Label18, w->Label15, w->Label19, w->Label62);
     ASSERT_EQ(pasted.size(), 10u);
     EXPECT_TRUE(column("SELECT Party FROM tblPurchase1").isEmpty()) << "nothing is stored before Add";
+
+    // The README's picture: the pasted bills, and the menu of the button that reaches the spreadsheets.
+    w->resize(forms::twips(15420), forms::twips(9960));
+    QPixmap shot = w->grab();
+    QMenu* menu = sheets->button->menu();
+    menu->ensurePolished();
+    menu->adjustSize();
+    QPainter painter(&shot);
+    menu->render(&painter, sheets->button->mapTo(w.get(), QPoint(sheets->button->width() - menu->width(), -menu->height())));
+    painter.end();
+    EXPECT_TRUE(shot.save(screen("paste-ten-bills.png")));
     add();
 
     w = std::make_unique<returns::frmNormal>();

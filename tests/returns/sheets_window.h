@@ -13,7 +13,8 @@ class SheetsWindow : public ReturnWindow {
 protected:
     void SetUp() override {
         ReturnWindow::SetUp();
-        sheets = new returns::BillSheets(w.get());
+        sheets = w->findChild<returns::BillSheets*>();
+        ASSERT_TRUE(sheets);
     }
 
     // Runs a Python script with argv[1] = a path; its standard output.
