@@ -3,6 +3,7 @@
 // its last bill, and taken back by Ctrl+Z.
 #include "sheets_window.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 
@@ -22,6 +23,7 @@ struct ImportCase {
     QString summary;                // a piece of the summary over the notes
     QStringList firstBill;          // cells 1..9 of the first bill in the grid after OK
     const char* shot = nullptr;     // the preview's picture for the README
+    bool sales = false;             // chosen in the preview: into the sales grid
 };
 
 void PrintTo(const ImportCase& c, std::ostream* os) { *os << c.name; }
@@ -30,8 +32,9 @@ class ImportBills : public SheetsWindow, public testing::WithParamInterface<Impo
 
 TEST_P(ImportBills, PreviewThenFillAfterTheLastBill) {
     const ImportCase& c = GetParam();
-    put(w->fg1, {{"01-03-26", "Keyed", "", "", "      0", "10.00", "", "", "10.00"}});
-    const Bills before = rows(w->fg1);
+    forms::FlexGrid* grid = c.sales ? w->fg2 : w->fg1;
+    put(grid, {{"01-03-26", "Keyed", "", "", "      0", "10.00", "", "", "10.00"}});
+    const Bills before = rows(grid);
     const QString path = folder.filePath(c.file);
     python(c.script, path);
 
@@ -44,6 +47,7 @@ TEST_P(ImportBills, PreviewThenFillAfterTheLastBill) {
         return;
     }
     ASSERT_TRUE(preview);
+    preview->targetBox->setCurrentIndex(c.sales ? 1 : 0);   // read again with that grid's rates
     EXPECT_TRUE(boxes.boxes().empty());
     EXPECT_EQ(preview->headerRow(), c.headerRow);
     EXPECT_EQ(preview->reading().bills.size(), c.bills);
@@ -52,7 +56,7 @@ TEST_P(ImportBills, PreviewThenFillAfterTheLastBill) {
     ASSERT_EQ(notes.size(), c.notes.size()) << notes.join('\n').toStdString();
     for (int i = 0; i < notes.size(); ++i) EXPECT_TRUE(notes[i].contains(c.notes[i])) << notes[i].toStdString();
     EXPECT_TRUE(preview->summary->text().contains(c.summary)) << preview->summary->text().toStdString();
-    EXPECT_EQ(rows(w->fg1), before) << "the grid waits for OK";
+    EXPECT_EQ(rows(grid), before) << "the grid waits for OK";
     EXPECT_EQ(preview->okButton->isEnabled(), !c.firstBill.isEmpty());
     if (c.shot) {
         EXPECT_TRUE(preview->grab().save(screen(c.shot)));
@@ -60,11 +64,11 @@ TEST_P(ImportBills, PreviewThenFillAfterTheLastBill) {
     if (c.firstBill.isEmpty()) return;
 
     sheets->fill(*preview);
-    ASSERT_EQ(w->fg1->Rows(), int(2 + c.bills));
-    EXPECT_EQ(rows(w->fg1)[0], before[0]);
-    EXPECT_EQ(rows(w->fg1)[1].mid(1), c.firstBill);
+    ASSERT_EQ(grid->Rows(), int(2 + c.bills));
+    EXPECT_EQ(rows(grid)[0], before[0]);
+    EXPECT_EQ(rows(grid)[1].mid(1), c.firstBill);
     EXPECT_TRUE(sheets->undo());
-    EXPECT_EQ(rows(w->fg1), before);
+    EXPECT_EQ(rows(grid), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -109,9 +113,9 @@ ws.merge_cells("A3:A4"))" + kSave,
                     "Row 4: Cells A3:A4 are merged"},
                    "3 rows cannot be read and are left out", {"08-03-26", "D", "", "", "      4", "50.00", "2.00", "", "52.00"}},
         ImportCase{"SemicolonsInWindows1252", "bills.csv",
-                   R"(import sys; open(sys.argv[1], "wb").write(b"Bill Date;Party;Rate;Amount;Cess\r\n05-03-26;Caf\xe9 Kochi;4;1250;1\r\n"))",
-                   "", 0, 1, {}, "1 bill</b>",
-                   {"05-03-26", QStringLiteral("Café Kochi"), "", "", "      4", "1250.00", "", "1.00", "1251.00"}},
+                   R"(import sys; open(sys.argv[1], "wb").write(b"Bill Date;Party;Rate;Amount;Cess\r\n05-03-26;Caf\xe9 Kochi;CST;1250;1\r\n"))",
+                   "", 0, 1, {}, "1 bill</b> will go into the sales",
+                   {"05-03-26", QStringLiteral("Café Kochi"), "", "", "     CST ", "1250.00", "", "1.00", "1251.00"}, nullptr, true},
         ImportCase{"NoColumnOfDates", "nodates.csv", R"(import sys; open(sys.argv[1], "w").write("Party,Amount,Rate\nA,1,4\n"))",
                    "", 0, 1, {}, "Choose the column that holds the Bill Date.", {}},
         ImportCase{"MoreRowsThanAreRead", "long.csv",

@@ -108,12 +108,14 @@ INSTANTIATE_TEST_SUITE_P(
         PasteCase{"NotIntoTheWorkedOutTotal", false, {}, 1, 9, "1\t2\n", {}, "", "Total Amount is worked out"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-// Ten bills pasted and added are there when the program starts again, with their totals.
+// Ten bills pasted and added are there when the program starts again, with their totals; a party
+// that reads like a statement is stored as the text it is.
 TEST_F(SheetsWindow, PastedBillsAreStoredByAddAndReadBack) {
     QString copied;
     for (int i = 1; i <= 10; ++i)
-        copied += QStringLiteral("%1-03-26\tParty %1\t3207000%1\tB-%1\t%2\t%3\t%4\t1\n")
-                      .arg(i, 2, 10, QChar('0')).arg(i % 2 ? "4" : "12.5").arg(i * 1000).arg(i * 40);
+        copied += QStringLiteral("%1-03-26\t%5\t3207000%1\tB-%1\t%2\t%3\t%4\t1\n")
+                      .arg(i, 2, 10, QChar('0')).arg(i % 2 ? "4" : "12.5").arg(i * 1000).arg(i * 40)
+                      .arg(i == 3 ? QStringLiteral("O'Brien'; DROP TABLE tblPurchase1; --") : QStringLiteral("Party %1").arg(i));
     auto* data = new QMimeData;
     data->setText(copied);
     w->fg1->setRow(1);
@@ -141,7 +143,32 @@ TEST_F(SheetsWindow, PastedBillsAreStoredByAddAndReadBack) {
     forms::MsgBoxRecorder quiet;
     w->Show();
     EXPECT_EQ(rows(w->fg1), pasted);
+    EXPECT_EQ(w->fg1->TextMatrix(3, 2), "O'Brien'; DROP TABLE tblPurchase1; --");
     EXPECT_EQ(texts(w->txtTotal, w->Label14, w->Label18, w->Label15, w->Label19, w->Label62), labels);
+}
+
+// Ctrl+Z takes a paste back only while the grid holds what the paste left: a bill changed after it
+// stays, and the box says why nothing was taken back.
+TEST_F(SheetsWindow, PasteChangedAfterwardsIsNotTakenBack) {
+    auto* data = new QMimeData;
+    data->setText("05-03-26\tA\t\t\t4\t100\n06-03-26\tB\t\t\t4\t200\n");
+    QApplication::clipboard()->setMimeData(data);
+    w->fg1->setRow(1);
+    w->fg1->setCol(2);
+    w->fg1->setCol(1);
+    forms::MsgBoxRecorder boxes;
+    QTest::keyClick(w->txtGrid1, Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(w->fg1->TextMatrix(2, 2), "B");
+    w->fg1->setRow(2);
+    w->fg1->setCol(2);
+    w->txtGrid1->setText("Changed");
+    QTest::keyClick(w->txtGrid1, Qt::Key_Return);
+    const Bills changed = rows(w->fg1);
+    ASSERT_EQ(changed[1][2], "Changed");
+    QTest::keyClick(w->txtGrid1, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(rows(w->fg1), changed);
+    ASSERT_EQ(boxes.boxes().size(), 1u);
+    EXPECT_TRUE(boxes.boxes()[0].text.contains("changed after the paste")) << boxes.boxes()[0].text.toStdString();
 }
 
 }  // namespace
