@@ -1,11 +1,11 @@
 #include "returns/bill_paste.h"
 
 #include <QMimeData>
-#include <algorithm>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextFrame>
 #include <QTextTable>
+#include <algorithm>
 
 namespace returns {
 

@@ -51,12 +51,10 @@ INSTANTIATE_TEST_SUITE_P(
         CellCase{"DateSerial", BillField::Date, "46086", false, "05-03-26", ""},
         CellCase{"DateNoSuchDay", BillField::Date, "31-02-26", false, "", "does not exist"},
         CellCase{"DateYearTheGridCannotHold", BillField::Date, "05-03-2035", false, "", "outside the years"},
-        CellCase{"DateText", BillField::Date, "soon", false, "", "not a date"},
         CellCase{"AmountIndianGrouping", BillField::Amount, "1,25,000.00", false, "125000.00", ""},
         CellCase{"AmountRupee", BillField::Tax, QStringLiteral("₹ 1,250"), false, "1250.00", ""},
         CellCase{"AmountRoundedAsTyped", BillField::Cess, "12.345", false, "12.35", ""},
         CellCase{"AmountInBrackets", BillField::Amount, "(1,250.00)", false, "", "below zero"},
-        CellCase{"AmountMinus", BillField::Amount, "-5", false, "", "below zero"},
         CellCase{"AmountText", BillField::Amount, "12a", false, "", "not an amount"},
         CellCase{"AmountHuge", BillField::Amount, "1e15", false, "", "too large"},
         CellCase{"AmountBlank", BillField::Amount, "   ", false, "", ""},
@@ -69,8 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
         CellCase{"RateNotListed", BillField::Rate, "5", false, "", "5 % is not a rate of this register (0, 1, 4, 12.5, 20)"},
         CellCase{"PartyHostileTextKept", BillField::Party, "'; DROP TABLE tblSales; --", false, "'; DROP TABLE tblSales; --", ""},
         CellCase{"PartyFormulaKept", BillField::Party, "=HYPERLINK(\"x\")", false, "=HYPERLINK(\"x\")", ""},
-        CellCase{"PartyOnOneLine", BillField::Party, "Malabar\nAgencies ", false, "Malabar Agencies", ""},
-        CellCase{"TinLeadingZero", BillField::Tin, "03201234567", false, "03201234567", ""}),
+        CellCase{"PartyOnOneLine", BillField::Party, "Malabar\nAgencies ", false, "Malabar Agencies", ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
 struct HeaderCase {
