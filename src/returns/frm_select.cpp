@@ -157,24 +157,4 @@ frmEFiling::frmEFiling(QWidget* parent) : QWidget(parent) {
     layout->addWidget(cmdClose);
 }
 
-frmDirectToForm::frmDirectToForm(QWidget* parent) : QWidget(parent) {
-    setWindowTitle(QStringLiteral("Direct To Form"));
-    auto* layout = new QFormLayout(this);
-    lblPurpose = new QLabel(QStringLiteral("Here the return pages will be filled in directly for this dealer "
-                                           "and year. This window holds nothing more yet."),
-                            this);
-    lblPurpose->setWordWrap(true);
-    txtDealerName = new QLineEdit(this);
-    txtTIN = new QLineEdit(this);
-    txtCST = new QLineEdit(this);
-    txtYear = new QLineEdit(this);
-    cmdClose = closeButton(this);
-    layout->addRow(lblPurpose);
-    layout->addRow(QStringLiteral("Dealer"), txtDealerName);
-    layout->addRow(QStringLiteral("TIN"), txtTIN);
-    layout->addRow(QStringLiteral("CST"), txtCST);
-    layout->addRow(QStringLiteral("Year"), txtYear);
-    layout->addRow(cmdClose);
-}
-
 }  // namespace returns

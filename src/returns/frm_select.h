@@ -1,6 +1,8 @@
 #pragma once
-// frmSelect, the chooser in front of the return window, and the two small windows its other options
-// open: the E-Filing window and the "Direct To Form" window, both of which say what they will hold.
+// frmSelect, the chooser in front of the return window, and the windows its other options open: the
+// E-Filing window and the "Direct To Form" window, whose work is in files of their own.
+#include "returns/form_ten_view.h"
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -46,17 +48,12 @@ public:
     QPushButton* cmdClose = nullptr;
 };
 
-// The return pages filled straight in, for the dealer and year the chooser hands over.
-class frmDirectToForm : public QWidget {
+// The return itself, Form No. 10, for the dealer and year the chooser hands over (txtDealerName, txtTIN,
+// txtCST, txtYear are FormTenWindow's).
+class frmDirectToForm : public FormTenWindow {
     Q_OBJECT
 public:
-    explicit frmDirectToForm(QWidget* parent = nullptr);
-    QLabel* lblPurpose = nullptr;
-    QLineEdit* txtDealerName = nullptr;
-    QLineEdit* txtTIN = nullptr;
-    QLineEdit* txtCST = nullptr;
-    QLineEdit* txtYear = nullptr;
-    QPushButton* cmdClose = nullptr;
+    explicit frmDirectToForm(QWidget* parent = nullptr) : FormTenWindow(parent) {}
 };
 
 }  // namespace returns
