@@ -301,7 +301,10 @@ QString FormTenWindow::startingMonth() const {
 void FormTenWindow::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     // Each opening reads the month afresh from the book; a window brought back from the task bar keeps it.
-    if (!event->spontaneous() && !unsaved_) load(startingMonth());
+    if (event->spontaneous()) return;
+    if (!unsaved_) load(startingMonth());
+    raise();
+    activateWindow();
 }
 
 void FormTenWindow::load(const QString& month) {
