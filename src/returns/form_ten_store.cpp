@@ -270,7 +270,7 @@ void SaveFormTen(const FormTenMonth& month) {
                        keyFilter(month.month, QStringLiteral("cRPFrom")));
         cn.CommitTrans();
     } catch (...) {
-        (void)basic::resume([&] { cn.RollbackTrans(); });
+        basic::ignore(lcBook(), [&] { cn.RollbackTrans(); });
         throw;
     }
 }
