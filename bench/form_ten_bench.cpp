@@ -12,6 +12,7 @@
 #include "returns/return_schema.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTemporaryDir>
@@ -69,6 +70,22 @@ void BM_FormTenOpen(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_FormTenOpen)->Unit(benchmark::kMillisecond);
+
+// One key typed in a box: the form worked out anew and the screenful of the page around it painted again.
+void BM_FormTenKeystroke(benchmark::State& state) {
+    book();
+    returns::FormTenWindow window;
+    returns::FormTenMonth month = returns::ReadFormTen(QStringLiteral("March"));
+    window.sheet->setMonth(&month);
+    QImage screen(1100, 800, QImage::Format_RGB32);
+    int key = 0;
+    for (auto _ : state) {
+        month.values.typed.insert(QStringLiteral("SL45"), QString::number(1000 + ++key % 9));
+        returns::ComputeFormTen(month.values);
+        window.sheet->render(&screen, QPoint(), QRegion(0, 300, 1100, 800));
+    }
+}
+BENCHMARK(BM_FormTenKeystroke)->Unit(benchmark::kMillisecond);
 
 // The floor: the rows the form reads, read straight, every column of every row taken out.
 void BM_FormTenRowsFloor(benchmark::State& state) {
