@@ -4,8 +4,6 @@
 #include "returns/return_book.h"
 #include "returns/return_schema.h"
 
-VORLAN_LOGGING_CATEGORY(lcBook, "vorlan.book")
-
 namespace returns {
 
 store::Connection OpenBookStore() {

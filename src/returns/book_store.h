@@ -2,16 +2,12 @@
 // The return file of the open book, as the windows added beside the return window read it: one
 // connection on its nwForm10DB.mdb (shared with the return window's, as connections to one file are),
 // and the rows of a statement taken whole.
-#include "platform/basic/log.h"
 #include "platform/basic/variant.h"
 #include "platform/store/connection.h"
 
 #include <QHash>
 #include <QString>
 #include <vector>
-
-// What the windows beside the return window pass over, and the store faults they meet: "vorlan.book".
-Q_DECLARE_LOGGING_CATEGORY(lcBook)
 
 namespace returns {
 

@@ -4,6 +4,7 @@
 #include "platform/basic/indian_amount.h"
 #include "platform/basic/runtime_error.h"
 #include "returns/book_store.h"
+#include "returns/log.h"
 #include "returns/module2.h"
 #include "returns/return_book.h"
 
@@ -270,7 +271,7 @@ void SaveFormTen(const FormTenMonth& month) {
                        keyFilter(month.month, QStringLiteral("cRPFrom")));
         cn.CommitTrans();
     } catch (...) {
-        basic::ignore(lcBook(), [&] { cn.RollbackTrans(); });
+        ignore([&] { cn.RollbackTrans(); });
         throw;
     }
 }

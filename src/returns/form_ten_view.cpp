@@ -5,7 +5,7 @@
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/window_registry.h"
-#include "returns/book_store.h"
+#include "returns/log.h"
 #include "returns/form_ten_paper.h"
 #include "returns/frm_normal.h"
 #include "returns/remembered_folders.h"
@@ -312,7 +312,7 @@ void FormTenWindow::load(const QString& month) {
     FormTenMonth read;
     const basic::RuntimeError e = basic::resume([&] { read = ReadFormTen(month); });
     if (e.number() != 0) {
-        qCWarning(lcBook) << "the form of" << month << "could not be read:" << e.number() << e.description();
+        qCWarning(lcReturns) << "the form of" << month << "could not be read:" << e.number() << e.description();
         forms::MsgBox(QStringLiteral("The return of ") + month + QStringLiteral(" cannot be read from the book: ") + e.description(),
                       forms::vbExclamation, QStringLiteral("Form No. 10"));
         read.month = month;
@@ -385,7 +385,7 @@ bool FormTenWindow::save() {
     const basic::RuntimeError e = basic::resume([&] { SaveFormTen(month_); });
     QApplication::restoreOverrideCursor();
     if (e.number() != 0) {
-        qCWarning(lcBook) << "the form of" << month_.month << "was not kept:" << e.number() << e.description();
+        qCWarning(lcReturns) << "the form of" << month_.month << "was not kept:" << e.number() << e.description();
         forms::MsgBox(QStringLiteral("Nothing was kept: the book's return file refused it (") + e.description() +
                           QStringLiteral(").\nWhat was typed is still on the form."),
                       forms::vbExclamation, QStringLiteral("Not saved"));

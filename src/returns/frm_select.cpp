@@ -12,9 +12,7 @@
 #include "returns/module2.h"
 
 #include <QApplication>
-#include <QFormLayout>
 #include <QKeyEvent>
-#include <QVBoxLayout>
 #include <functional>
 
 namespace returns {
@@ -32,12 +30,6 @@ bool isEnter(const QEvent* e) {
     if (e->type() != QEvent::KeyPress) return false;
     const int k = static_cast<const QKeyEvent*>(e)->key();
     return k == Qt::Key_Return || k == Qt::Key_Enter;
-}
-
-QPushButton* closeButton(QWidget* window) {
-    auto* b = new QPushButton(QStringLiteral("&Close"), window);
-    QObject::connect(b, &QPushButton::clicked, window, &QWidget::hide);
-    return b;
 }
 
 }  // namespace
@@ -136,18 +128,6 @@ void frmSelect::cmdClose_Click() {
     hide();
     if (forms::exists(QStringLiteral("frmNormal"))) forms::get<frmNormal>(QStringLiteral("frmNormal"))->Unload();
     forms::get(QStringLiteral("main"))->show();
-}
-
-frmEFiling::frmEFiling(QWidget* parent) : QWidget(parent) {
-    setWindowTitle(QStringLiteral("E - Filing"));
-    auto* layout = new QVBoxLayout(this);
-    lblPurpose = new QLabel(QStringLiteral("Here the monthly return will be prepared for filing on line. "
-                                           "This window holds nothing yet."),
-                            this);
-    lblPurpose->setWordWrap(true);
-    cmdClose = closeButton(this);
-    layout->addWidget(lblPurpose);
-    layout->addWidget(cmdClose);
 }
 
 }  // namespace returns

@@ -1,6 +1,7 @@
 #pragma once
 // frmSelect, the chooser in front of the return window, and the windows its other options open: the
 // E-Filing window and the "Direct To Form" window, whose work is in files of their own.
+#include "returns/e_filing_window.h"
 #include "returns/form_ten_view.h"
 
 #include <QLabel>
@@ -39,13 +40,11 @@ private:
     bool loaded_ = false;
 };
 
-// Where the monthly return will be prepared for filing on line.
-class frmEFiling : public QWidget {
+// The month's lists for filing on line, and the checks before filing.
+class frmEFiling : public EFilingWindow {
     Q_OBJECT
 public:
-    explicit frmEFiling(QWidget* parent = nullptr);
-    QLabel* lblPurpose = nullptr;
-    QPushButton* cmdClose = nullptr;
+    explicit frmEFiling(QWidget* parent = nullptr) : EFilingWindow(parent) {}
 };
 
 // The return itself, Form No. 10, for the dealer and year the chooser hands over (txtDealerName, txtTIN,
