@@ -4,11 +4,13 @@
 #include "platform/basic/indian_amount.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/wait_cursor.h"
 #include "platform/forms/window_registry.h"
 #include "returns/log.h"
 #include "returns/form_ten_paper.h"
 #include "returns/frm_normal.h"
 #include "returns/remembered_folders.h"
+#include "returns/store_work.h"
 #include "returns/return_book.h"
 
 #include <QApplication>
@@ -381,13 +383,26 @@ bool FormTenWindow::save() {
         }
         return false;
     }
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const basic::RuntimeError e = basic::resume([&] { SaveFormTen(month_); });
-    QApplication::restoreOverrideCursor();
+    basic::RuntimeError e;
+    {
+        forms::WaitCursor wait;
+        e = basic::resume([&] { SaveFormTen(month_); });
+    }
     if (e.number() != 0) {
         qCWarning(lcReturns) << "the form of" << month_.month << "was not kept:" << e.number() << e.description();
-        forms::MsgBox(QStringLiteral("Nothing was kept: the book's return file refused it (") + e.description() +
-                          QStringLiteral(").\nWhat was typed is still on the form."),
+        const QString file = QDir::toNativeSeparators(CurrentBook().folder + QStringLiteral("/nwForm10DB.mdb"));
+        QString why;
+        switch (faultOf(e)) {
+        case StoreFault::DiskFull: why = QStringLiteral("the disk is full; free some space on it"); break;
+        case StoreFault::Locked: why = QStringLiteral("another program is using the return file ") + file +
+                                       QStringLiteral("; close it, or wait until it is done"); break;
+        case StoreFault::ReadOnly: why = QStringLiteral("the return file ") + file +
+                                         QStringLiteral(" may not be written; ask for write access to it and its folder"); break;
+        case StoreFault::Damaged: why = QStringLiteral("the return file ") + file + QStringLiteral(" is damaged (") + e.description() +
+                                        QStringLiteral("); bring the book back with BackUp / Restore"); break;
+        default: why = QStringLiteral("the return file ") + file + QStringLiteral(" refused it (") + e.description() + QStringLiteral(")");
+        }
+        forms::MsgBox(QStringLiteral("Nothing was kept: ") + why + QStringLiteral(".\nWhat was typed is still on the form; save again."),
                       forms::vbExclamation, QStringLiteral("Not saved"));
         return false;
     }
