@@ -8,6 +8,7 @@
 #include "returns/bill_row.h"
 #include "returns/log.h"
 #include "returns/form_ten_store.h"
+#include "returns/form_ten_view.h"
 #include "returns/frm_normal.h"
 #include "returns/remembered_folders.h"
 #include "returns/return_book.h"
@@ -56,9 +57,7 @@ EFilingWindow::EFilingWindow(QWidget* parent) : QWidget(parent) {
     top->addWidget(cboMonth);
     top->addStretch(1);
     layout->addLayout(top);
-    const int firstYear = CurrentBook().firstYear;
-    for (const QString& m : FormTenMonths())
-        cboMonth->addItem(m + QLatin1Char(' ') + QString::number(MonthNumber(m) <= 3 ? firstYear + 1 : firstYear), m);
+    FillBookMonths(cboMonth);
     connect(cboMonth, &QComboBox::activated, this, [this](int index) { showMonth(cboMonth->itemData(index).toString()); });
 
     lblBills = new QLabel(this);
@@ -134,6 +133,7 @@ void EFilingWindow::showMonth(const QString& month) {
         forms::MsgBox(QStringLiteral("The bills of ") + month + QStringLiteral(" cannot be read from the book: ") + e.description(),
                       forms::vbExclamation, QStringLiteral("E - Filing"));
     month_ = read;
+    FillBookMonths(cboMonth);
     cboMonth->setCurrentIndex(cboMonth->findData(month));
 
     QStringList counts;

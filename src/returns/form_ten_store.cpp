@@ -40,7 +40,7 @@ QString dateText(int year, int month, int day) {
 
 class Reader {
 public:
-    Reader(FormTenMonth& m) : m_(m), v_(m.values) {}
+    explicit Reader(FormTenMonth& m) : m_(m), v_(m.values) {}
 
     // Puts a line's amount and tax in its boxes from the page row, or from the summary when the page
     // has no such block, and says beside the line when the two disagree.

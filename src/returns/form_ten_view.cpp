@@ -46,6 +46,16 @@ const char kEditorStyle[] =
 
 }  // namespace
 
+void FillBookMonths(QComboBox* months) {
+    const QSignalBlocker quiet(months);
+    const int firstYear = CurrentBook().firstYear;
+    const QString chosen = months->currentData().toString();
+    months->clear();
+    for (const QString& m : FormTenMonths())
+        months->addItem(m + QLatin1Char(' ') + QString::number(MonthNumber(m) <= 3 ? firstYear + 1 : firstYear), m);
+    months->setCurrentIndex(std::max(0, months->findData(chosen)));
+}
+
 // ---- the sheet ------------------------------------------------------------------------------------------
 
 FormTenSheet::FormTenSheet(QWidget* parent) : QWidget(parent) {
@@ -282,9 +292,7 @@ FormTenWindow::FormTenWindow(QWidget* parent) : QWidget(parent) {
         if (now && now->parentWidget() == sheet) scroll->ensureWidgetVisible(now, 40, 60);
     });
 
-    const int firstYear = CurrentBook().firstYear;
-    for (const QString& m : FormTenMonths())
-        cboMonth->addItem(m + QLatin1Char(' ') + QString::number(MonthNumber(m) <= 3 ? firstYear + 1 : firstYear), m);
+    FillBookMonths(cboMonth);
     connect(cboMonth, &QComboBox::activated, this, [this](int index) { showMonth(cboMonth->itemData(index).toString()); });
     resize(1100, 860);
 }
@@ -328,6 +336,7 @@ void FormTenWindow::load(const QString& month) {
     if (!txtTIN->text().trimmed().isEmpty()) v.fixed.insert("dpTIN", txtTIN->text().trimmed());
     if (!txtCST->text().trimmed().isEmpty()) v.fixed.insert("dpCST", txtCST->text().trimmed());
     unsaved_ = false;
+    FillBookMonths(cboMonth);
     const int index = cboMonth->findData(month_.month);
     if (index >= 0) cboMonth->setCurrentIndex(index);
     sheet->setMonth(&month_);

@@ -20,6 +20,10 @@ namespace returns {
 
 class FormTenPreview;
 
+// The months of the open book, April to March, each with its calendar year ("March 2026"), the month
+// as the item's data; the month chosen before stays chosen.
+void FillBookMonths(QComboBox* months);
+
 class FormTenSheet : public QWidget {
     Q_OBJECT
 public:
