@@ -1,6 +1,5 @@
 #include "library/document_guess.h"
 
-#include "library/library_text.h"
 
 #include <QDate>
 #include <QFileInfo>
@@ -45,7 +44,7 @@ QString guessNumber(const QString& text) {
     static const Rx numbered(QStringLiteral(R"(\bNo\.?\s*:?\s*((?:[A-Z]{1,6}[-.\s]?)?\d+(?:/[A-Z0-9.]+)*/\d{2,4})\b)"),
                              Rx::CaseInsensitiveOption);
     static const Rx reported(QStringLiteral(R"([\[(]\d{4}[\])]\s*\d+\s+[A-Z]{2,5}\s+\d+)"));
-    static const Rx named(QStringLiteral(R"(\b(?:circular|notification|order)\s+(\d+/\d{4})\b)"), Rx::CaseInsensitiveOption);
+    static const Rx named(QStringLiteral(R"((?:\bcircular|\bnotification|\border|സർക്കുലർ|വിജ്ഞാപനം)\s+(\d+/\d{4})\b)"), Rx::CaseInsensitiveOption);
     // The earliest of them: a circular that cites a notification names its own number first.
     qsizetype first = head.size();
     QString number;
@@ -65,8 +64,8 @@ DocumentGuess guessDocument(const QString& text, const QString& fileName) {
     const QString head = text.left(kHead);
 
     static const std::pair<const char*, const char*> marks[] = {
-        {R"(\bcircular\b)", "Circular"},
-        {R"(\bnotifications?\b|\bS\.?\s?R\.?\s?O\.)", "Notification"},
+        {R"(\bcircular\b|സർക്കുലർ)", "Circular"},
+        {R"(\bnotifications?\b|\bS\.?\s?R\.?\s?O\.|വിജ്ഞാപനം)", "Notification"},
         {R"(\bjudge?ments?\b|\bhigh court\b|\btribunal\b|\bversus\b|\sv(?:s)?\.\s)", "Judgement"},
         {R"(^\s*(?:the\s+)?\w+\s+schedule\b|\bschedule\s+[A-Z0-9]+\b)", "Schedule"},
         {R"(^\s*form\b)", "Form"},
@@ -76,7 +75,7 @@ DocumentGuess guessDocument(const QString& text, const QString& fileName) {
     qsizetype first = head.size();
     guess.kind = kOtherKind;
     for (const auto& [pattern, kind] : marks) {
-        const Rx rx(QString::fromLatin1(pattern), Rx::CaseInsensitiveOption | Rx::MultilineOption);
+        const Rx rx(QString::fromUtf8(pattern), Rx::CaseInsensitiveOption | Rx::MultilineOption);
         const QRegularExpressionMatch m = rx.match(head);
         if (m.hasMatch() && m.capturedStart() < first) {
             first = m.capturedStart();
@@ -84,12 +83,22 @@ DocumentGuess guessDocument(const QString& text, const QString& fileName) {
         }
     }
 
+    // A heading that is only a kind ("NOTIFICATION") takes the line below it, which numbers it.
+    static const Rx bareKind(QStringLiteral(R"(^\W*(circular|notification|judge?ment|order)\W*$)"), Rx::CaseInsensitiveOption);
+    const QStringList lines = head.split(u'\n');
     int looked = 0;
-    for (const QString& raw : head.split(u'\n')) {
-        const QString line = collapsed(raw);
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QString line = collapsed(lines[i]);
         if (line.count(Rx(QStringLiteral("\\w"))) < 3) continue;
         if (++looked <= 5 && letterhead(line)) continue;
-        guess.title = line.size() > 160 ? line.left(159) + QStringLiteral("…") : line;
+        guess.title = line;
+        if (bareKind.match(line).hasMatch())
+            for (qsizetype next = i + 1; next < lines.size(); ++next)
+                if (const QString below = collapsed(lines[next]); !below.isEmpty()) {
+                    guess.title += u' ' + below;
+                    break;
+                }
+        if (guess.title.size() > 160) guess.title = guess.title.left(159) + QStringLiteral("…");
         break;
     }
     if (guess.title.isEmpty()) guess.title = QFileInfo(fileName).completeBaseName();

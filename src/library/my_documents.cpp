@@ -118,7 +118,7 @@ void MyDocuments::remove(qint64 id) {
 MyDocuments& myDocuments() {
     static std::unique_ptr<MyDocuments> open;
     static QString openAt;
-    const QString path = QDir(basic::UserPath()).filePath(QStringLiteral("MyDocuments.db"));
+    const QString path = QDir(basic::UserPath()).filePath(kMyDocumentsFile);
     if (!open || openAt != path) {
         open.reset();
         open = std::make_unique<MyDocuments>(path);

@@ -19,6 +19,7 @@ class SqliteFile;
 namespace library {
 
 inline const QString kMyDocumentsTable = QStringLiteral("MyDocuments");
+inline const QString kMyDocumentsFile = QStringLiteral("MyDocuments.db");
 
 struct MyDocument {
     qint64 id = 0;

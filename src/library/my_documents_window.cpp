@@ -7,6 +7,7 @@
 #include "platform/forms/runtime_errors.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDate>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -211,10 +212,14 @@ void MyDocumentsWindow::addChosen(const QStringList& paths) {
     QProgressDialog progress(QStringLiteral("Adding %1 files…").arg(files.size()), QStringLiteral("Cancel"), 0, int(files.size()), this);
     progress.setWindowTitle(kTitle);
     progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(300);
+    // Shown at once: a folder may hold thousands of files, and Cancel must be there from the first.
+    progress.setMinimumDuration(0);
+    progress.setValue(0);
     bool cancelled = false;
     const std::vector<AddedFile> outcome = addFiles(myDocuments(), files, [&](int done, int total) {
         progress.setValue(done);
+        // Every file lets the window draw and Cancel be pressed, whatever the dialog itself decides.
+        QCoreApplication::processEvents();
         if (done < total) progress.setLabelText(QStringLiteral("Adding %1 of %2: %3").arg(done + 1).arg(total).arg(QFileInfo(files[done]).fileName()));
         cancelled = progress.wasCanceled();
         return !cancelled;

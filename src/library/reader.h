@@ -2,6 +2,7 @@
 // The reader's additions to the law library, and the file they keep in the user's folder: where each is
 // reached from. Each window of the system gets them by one call, made where app/ registers the window.
 #include <QLoggingCategory>
+#include <QString>
 
 class QToolBar;
 
@@ -14,6 +15,8 @@ Q_DECLARE_LOGGING_CATEGORY(lcReader)   // vorlan.library.reader
 namespace library {
 
 class keralaforms;
+
+inline const QString kReaderFile = QStringLiteral("Reader.db");
 
 // The reader's file of this run ("Reader.db" in the user's folder), opened on first use. A damaged file
 // is kept aside and a new one made; one that cannot be made at all leaves a reader that keeps nothing

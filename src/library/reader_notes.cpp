@@ -11,7 +11,6 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -66,10 +65,20 @@ NoteDialog::NoteDialog(QWidget* parent, const QString& quote, const QString& tex
     layout->addWidget(note, 1);
     layout->addWidget(new QLabel(QStringLiteral("Ctrl+Enter saves"), this));
     layout->addWidget(buttons);
-    auto* saving = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), this);
-    connect(saving, &QShortcut::activated, this, &QDialog::accept);
+    note->installEventFilter(this);
     resize(460, 260);
     note->setFocus();
+}
+
+bool NoteDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == note && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && key->modifiers() & Qt::ControlModifier) {
+            accept();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 qint64 addNoteTo(QWidget* parent, documents::DocumentView* view, const documents::DocumentName& document) {

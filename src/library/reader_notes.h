@@ -27,6 +27,9 @@ public:
     QLabel* passage;
     QPlainTextEdit* note;
     QPushButton* save;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;   // Ctrl+Enter saves
 };
 
 // Asks for a note on the view's selection (on the whole document when nothing is selected) and keeps

@@ -107,7 +107,7 @@ void fillRecent(QMenu* menu) {
 documents::ReaderStore& readerStore() {
     static std::unique_ptr<documents::ReaderStore> open;
     static QString openAt;
-    const QString path = QDir(basic::UserPath()).filePath(QStringLiteral("Reader.db"));
+    const QString path = QDir(basic::UserPath()).filePath(kReaderFile);
     if (!open || openAt != path) {
         open.reset();
         open = openReader(path);

@@ -1,6 +1,7 @@
 #include "library/text_sources.h"
 
 #include "library/library_text.h"
+#include "library/my_documents.h"
 #include "library/reader.h"
 #include "platform/basic/app_path.h"
 #include "platform/basic/log.h"
@@ -23,11 +24,13 @@ QString userFile(const QString& name) { return QDir(basic::UserPath()).filePath(
 
 std::vector<TextSource> textSources() {
     std::vector<TextSource> sources{{shell::strLibraryCn1, kTextTable, QString()}};
-    const QString mine = userFile(QStringLiteral("MyDocuments.db"));
+    const QString mine = userFile(kMyDocumentsFile);
     if (QFileInfo::exists(mine))
         sources.push_back({QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + mine + u';', kTextTable, kMineMark});
-    const QString notes = readerStore().connectionString();
-    if (QFileInfo::exists(store::databasePath(notes))) sources.push_back({notes, documents::kNoteTextTable, kNoteMark});
+    // The files' paths only: a search must never be the one to open (and maybe report on) the reader's file.
+    const QString notes = userFile(kReaderFile);
+    if (QFileInfo::exists(notes))
+        sources.push_back({QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + notes + u';', documents::kNoteTextTable, kNoteMark});
     return sources;
 }
 

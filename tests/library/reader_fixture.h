@@ -123,10 +123,10 @@ protected:
         const QStringList keys = search->resultKeys();
         for (int i = 0; i < keys.size(); ++i) {
             auto* label = qobject_cast<QLabel*>(search->lstResults->itemWidget(search->lstResults->item(i)));
-            const QString shown = label ? QTextDocumentFragment::fromHtml(label->text()).toPlainText() : QString();
+            const QString shown = label ? QTextDocumentFragment::fromHtml(label->text()).toPlainText().simplified() : QString();
             QString mark;
             for (const QString& m : {library::kNoteMark, library::kMineMark})
-                if (shown.contains(m + QStringLiteral("  ·  "))) mark = m + u'|';
+                if (shown.contains(m + QStringLiteral(" · "))) mark = m + u'|';
             found << mark + keys[i];
         }
         return found;
