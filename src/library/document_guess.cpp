@@ -101,6 +101,14 @@ DocumentGuess guessDocument(const QString& text, const QString& fileName) {
         if (guess.title.size() > 160) guess.title = guess.title.left(159) + QStringLiteral("…");
         break;
     }
+    // A judgement is known by its parties, below the court's name.
+    static const Rx parties(QStringLiteral(R"(^.{3,}\s(?:v|vs|versus)\.?\s.{3,}$)"), Rx::CaseInsensitiveOption);
+    if (guess.kind == QLatin1String("Judgement"))
+        for (const QString& line : lines)
+            if (parties.match(collapsed(line)).hasMatch()) {
+                guess.title = collapsed(line).left(160);
+                break;
+            }
     if (guess.title.isEmpty()) guess.title = QFileInfo(fileName).completeBaseName();
     guess.number = guessNumber(head);
     guess.date = guessDate(head);

@@ -170,7 +170,7 @@ void MyDocumentsWindow::applyFilter() {
         grid->setRowHidden(row, !all);
         shown += all;
     }
-    lblCount->setText(words.isEmpty() ? QStringLiteral("%1 documents").arg(grid->rowCount())
+    lblCount->setText(words.isEmpty() ? (grid->rowCount() == 1 ? QStringLiteral("1 document") : QStringLiteral("%1 documents").arg(grid->rowCount()))
                                       : QStringLiteral("%1 of %2").arg(shown).arg(grid->rowCount()));
 }
 

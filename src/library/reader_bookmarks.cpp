@@ -191,7 +191,8 @@ void BookmarksWindow::applyFilter() {
         top->setHidden(!words.isEmpty() && inFolder == 0);
     }
     tree->setUpdatesEnabled(true);
-    lblCount->setText(words.isEmpty() ? QStringLiteral("%1 bookmarks").arg(all) : QStringLiteral("%1 of %2").arg(shown).arg(all));
+    lblCount->setText(words.isEmpty() ? (all == 1 ? QStringLiteral("1 bookmark") : QStringLiteral("%1 bookmarks").arg(all))
+                                      : QStringLiteral("%1 of %2").arg(shown).arg(all));
     if (QTreeWidgetItem* first = firstShown(); first && (!tree->currentItem() || tree->currentItem()->isHidden()))
         tree->setCurrentItem(first);
 }

@@ -12,6 +12,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace library {
@@ -126,7 +127,7 @@ void showPassage(documents::DocumentView* view, const documents::Note& note) {
 }
 
 NotesPanel::NotesPanel(QWidget* window, documents::DocumentView* view)
-    : QFrame(window), heading(new QLabel(QStringLiteral("Notes"), this)), list(new QListWidget(this)),
+    : QFrame(window), heading(new QLabel(QStringLiteral("Notes"), this)), closer(new QToolButton(this)), list(new QListWidget(this)),
       add(new QPushButton(QStringLiteral("Add…"), this)), edit(new QPushButton(QStringLiteral("Edit…"), this)),
       remove(new QPushButton(QStringLiteral("Remove"), this)), window_(window), view_(view) {
     setObjectName(QStringLiteral("NotesPanel"));
@@ -142,11 +143,18 @@ NotesPanel::NotesPanel(QWidget* window, documents::DocumentView* view)
         b->setAutoDefault(false);
         buttons->addWidget(b);
     }
+    closer->setText(QStringLiteral("×"));
+    closer->setAutoRaise(true);
+    closer->setToolTip(QStringLiteral("Put the notes away for this document (Ctrl+Shift+M brings them back)"));
+    auto* top = new QHBoxLayout;
+    top->addWidget(heading, 1);
+    top->addWidget(closer);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
-    layout->addWidget(heading);
+    layout->addLayout(top);
     layout->addWidget(list, 1);
     layout->addLayout(buttons);
+    connect(closer, &QToolButton::clicked, this, [this] { toggle(); });
     connect(add, &QPushButton::clicked, this, [this] { addNote(); });
     connect(edit, &QPushButton::clicked, this, [this] { editNote(); });
     connect(remove, &QPushButton::clicked, this, [this] { removeNote(); });
@@ -170,13 +178,23 @@ void NotesPanel::showNotes(const documents::DocumentName& document) {
     }
     heading->setText(notes_.size() == 1 ? QStringLiteral("1 note") : QStringLiteral("%1 notes").arg(notes_.size()));
     if (!notes_.empty()) list->setCurrentRow(0);
-    setVisible(!notes_.empty());
+    if (putAway_ != document.key) putAway_.clear();
+    setVisible(!notes_.empty() && putAway_.isEmpty());
     place();
     raise();
 }
 
+void NotesPanel::toggle() {
+    if (notes_.empty()) return;
+    putAway_ = isVisible() ? document_.key : QString();
+    setVisible(putAway_.isEmpty());
+    place();
+}
+
 void NotesPanel::addNote() {
-    if (addNoteTo(window_, view_, document_)) showNotes(document_);
+    if (!addNoteTo(window_, view_, document_)) return;
+    putAway_.clear();
+    showNotes(document_);
 }
 
 void NotesPanel::editNote() {
@@ -215,9 +233,22 @@ void NotesPanel::place() {
     constexpr int kWidth = 300, kGap = 10;
     const QRect shown(view_->mapTo(window_, QPoint(0, 0)), view_->size());
     int left = shown.right() + kGap;
-    const int width = std::min(kWidth, window_->width() - left - kGap);
-    if (width < 200) left = std::max(0, window_->width() - kWidth - kGap);
-    setGeometry(left, shown.top(), width < 200 ? kWidth : width, std::max(160, std::min(shown.height(), 520)));
+    int width = std::min(kWidth, window_->width() - left - kGap);
+    // No room beside the document: over the foot of its right edge, where a page's words are fewest,
+    // as small as the notes allow.
+    const bool over = width < 200;
+    if (over) {
+        width = kWidth;
+        left = std::max(0, window_->width() - kWidth - kGap);
+    }
+    int listed = 2 * list->frameWidth() + 6;
+    for (int row = 0; row < list->count(); ++row) listed += list->sizeHintForRow(row);
+    const QMargins m = layout()->contentsMargins();
+    const int chrome = m.top() + m.bottom() + std::max(heading->sizeHint().height(), closer->sizeHint().height()) +
+                       add->sizeHint().height() + 2 * layout()->spacing();
+    const int wanted = std::max(140, chrome + listed);
+    const int tall = std::min(wanted, std::max(140, shown.height()));
+    setGeometry(left, over ? std::max(shown.top(), shown.bottom() - tall - kGap) : shown.top(), width, tall);
 }
 
 bool NotesPanel::eventFilter(QObject* watched, QEvent* event) {

@@ -12,6 +12,7 @@ class QLabel;
 class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
+class QToolButton;
 
 namespace documents {
 class DocumentView;
@@ -48,11 +49,14 @@ public:
     NotesPanel(QWidget* window, documents::DocumentView* view);
 
     QLabel* heading;
+    QToolButton* closer;
     QListWidget* list;
     QPushButton *add, *edit, *remove;
 
-    // The notes of the document, or none; the panel shows while there are notes.
+    // The notes of the document, or none; the panel shows while there are notes, unless the reader put
+    // it away for this document (its × or Ctrl+Shift+M, which brings it back).
     void showNotes(const documents::DocumentName& document);
+    void toggle();
     const std::vector<documents::Note>& notes() const { return notes_; }
     void addNote();
     void editNote();
@@ -69,6 +73,7 @@ private:
     documents::DocumentView* view_;
     documents::DocumentName document_;
     std::vector<documents::Note> notes_;
+    QString putAway_;   // the key of the document whose notes the reader put away
 };
 
 }  // namespace library

@@ -58,12 +58,20 @@ public:
         onKey(window, QKeySequence(Qt::ALT | Qt::Key_Right), [this] { go(1); });
         onKey(window, QKeySequence(Qt::CTRL | Qt::Key_D), [this] { bookmarkDocument(window_, current_); });
         onKey(window, QKeySequence(Qt::CTRL | Qt::Key_M), [this] { notes_->addNote(); });
+        onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M), [this] { notes_->toggle(); });
         onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [this] { cite(view_); });
         onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
     }
 
     const documents::DocumentName& current() const { return current_; }
     NotesPanel* notes() const { return notes_; }
+    // A note written elsewhere (in the full viewer) on the document shown here: lit and listed here too.
+    void notesChanged() {
+        std::vector<documents::Note> notes;
+        keep([&] { notes = readerStore().notes(current_.key); });
+        lightNotes(view_, notes);
+        notes_->showNotes(current_);
+    }
 
     void cite(const documents::DocumentView* view) {
         if (current_.key.isEmpty()) return;
@@ -151,7 +159,7 @@ void attachToFullViewer(documents::FullViewer* viewer) {
     onKey(viewer, QKeySequence(Qt::CTRL | Qt::Key_D), [viewer, sameDocument] { bookmarkDocument(viewer, sameDocument()); });
     onKey(viewer, QKeySequence(Qt::CTRL | Qt::Key_M), [viewer, view, sameDocument] {
         const documents::DocumentName d = sameDocument();
-        if (addNoteTo(viewer, view, d) && theReader) theReader->notes()->showNotes(d);
+        if (addNoteTo(viewer, view, d) && theReader) theReader->notesChanged();
     });
     QObject::connect(view, &documents::DocumentView::shown, viewer, [view, sameDocument] {
         const documents::DocumentName d = sameDocument();

@@ -5,6 +5,7 @@
 
 #include "library/document_guess.h"
 #include "library/my_documents.h"
+#include "support/screens.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -79,6 +80,10 @@ TEST_P(MyDocumentsFolder, EachFileIsAddedOrToldWhyNot) {
     int added = 0;
     for (const QString& key : searched(QString::fromLatin1(c.sought))) added += key.startsWith(library::kMineMark + u'|');
     EXPECT_EQ(added, c.found);
+    if (std::string(c.name) == "DocumentsOfEveryKind") {
+        window()->grab().save(screen(QStringLiteral("my-documents.png")));
+        forms::get(QStringLiteral("frmTextSearch"))->grab().save(screen(QStringLiteral("my-documents-search.png")));
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Reader, MyDocumentsFolder, ::testing::Values(
@@ -122,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, Guess, ::testing::Values(
     GuessCase{"ANotificationOfTheGazette", "NOTIFICATION\nS.R.O. No. 82/2006\nDated 01.04.2006\nIn exercise of the powers under the Act",
               "Notification", "NOTIFICATION S.R.O. No. 82/2006", "SRO 82/2006", "2006-04-01"},
     GuessCase{"AJudgementWithItsCitation", "IN THE HIGH COURT OF KERALA\nState of Kerala v. Malabar Tiles\n(2004) 135 STC 1\n"
-              "Judgment dated 12-06-2006", "Judgement", "IN THE HIGH COURT OF KERALA", "(2004) 135 STC 1", "2006-06-12"},
+              "Judgment dated 12-06-2006", "Judgement", "State of Kerala v. Malabar Tiles", "(2004) 135 STC 1", "2006-06-12"},
     GuessCase{"AMalayalamDate", "സർക്കുലർ 5/2012\nതീയതി 05-02-2012\nചെറുകിട വ്യാപാരികൾ", "Circular", "സർക്കുലർ 5/2012", "5/2012", "2012-02-05"},
     GuessCase{"NothingToGoBy", "Minutes of the meeting\nThe dealers asked for time.", "Other", "Minutes of the meeting", "", ""},
     GuessCase{"NoLineAtAll", "\n \n", "Other", "file", "", ""}),
@@ -158,6 +163,49 @@ TEST_P(Removing, DeleteAsksOnce) {
 
 INSTANTIATE_TEST_SUITE_P(Reader, Removing, ::testing::Values(RemoveCase{"Yes", forms::vbYes, 1, 0}, RemoveCase{"No", forms::vbNo, 2, 1}),
                          [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace reader_test
+
+namespace reader_test {
+namespace {
+
+struct ChangeCase {
+    const char* name;
+    int column;
+    const char* typed;
+    const char* kept;    // what the cell shows after
+    size_t boxes;
+    const char* sought;  // found among the user's documents after the change
+};
+
+class ChangingWhatWasGuessed : public ReaderFixture, public ::testing::TestWithParam<ChangeCase> {};
+
+TEST_P(ChangingWhatWasGuessed, TheCellKeepsWhatIsRightAndTheSearchFollows) {
+    const ChangeCase& c = GetParam();
+    QTemporaryDir folder;
+    makeFile(QDir(folder.path()), "minutes.txt");
+    auto* w = forms::get<library::MyDocumentsWindow>(QStringLiteral("MyDocumentsWindow"));
+    w->show();
+    w->addChosen({folder.path()});
+    boxes.clear();
+    w->grid->item(0, c.column)->setText(QString::fromUtf8(c.typed));   // as the cell's editor leaves it
+    EXPECT_EQ(w->grid->item(0, c.column)->text(), QString::fromUtf8(c.kept));
+    EXPECT_EQ(boxes.boxes().size(), c.boxes);
+    w->reload();   // read back from the file
+    EXPECT_EQ(w->grid->item(0, c.column)->text(), QString::fromUtf8(c.kept));
+    EXPECT_EQ(searched(QString::fromUtf8(c.sought)), QStringList{library::kMineMark + QStringLiteral("|MyDocuments:1")});
+}
+
+using Col = library::MyDocumentsWindow::Column;
+INSTANTIATE_TEST_SUITE_P(Reader, ChangingWhatWasGuessed, ::testing::Values(
+    ChangeCase{"AKindOfTheList", Col::colKind, "Circular", "Circular", 0, "dealers"},
+    ChangeCase{"AKindNotOfTheList", Col::colKind, "Memo", "Other", 1, "dealers"},
+    ChangeCase{"ADateWithDots", Col::colDate, "5.2.2024", "05-02-2024", 0, "dealers"},
+    ChangeCase{"ADayThatIsNot", Col::colDate, "31-02-2024", "", 1, "dealers"},
+    ChangeCase{"ANewTitleIsSearched", Col::colTitle, "Way bills to Palakkad", "Way bills to Palakkad", 0, "palakkad"},
+    ChangeCase{"NoTitleAtAll", Col::colTitle, " ", "Minutes of the meeting on e-way bills", 1, "minutes"}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace reader_test

@@ -1,6 +1,7 @@
 // Bookmarks: Ctrl+D in the document window, folders, the filter of the bookmarks window and Enter, and a
 // reading list exported by one reader and imported by another.
 #include "reader_fixture.h"
+#include "support/screens.h"
 
 #include <QLineEdit>
 #include <QTreeWidget>
@@ -109,6 +110,7 @@ TEST_P(BookmarkFilter, TypingNarrowsTheListAndEnterOpensTheFirst) {
             if (b.id == id) shown << b.document.key;
     for (const char* t = c.shown; *t; ++t) expected << keyOf(*t);
     EXPECT_EQ(shown, expected);
+    if (!*c.typed) window()->grab().save(screen(QStringLiteral("reader-bookmarks.png")));
 
     open(kSchedule);
     window()->show();

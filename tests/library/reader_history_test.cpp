@@ -4,6 +4,7 @@
 
 #include "library/frm_text_search.h"
 #include "platform/documents/view_place.h"
+#include "support/screens.h"
 
 #include <QMenu>
 #include <QScrollBar>
@@ -49,6 +50,12 @@ TEST_P(History, StepsBetweenTheDocumentsOpened) {
     for (const QChar t : tokens) expected << keyOf(t);
     EXPECT_EQ(recent, expected);
     EXPECT_TRUE(menu->actions().first()->text().contains(QStringLiteral("today"))) << menu->actions().first()->text().toStdString();
+    if (std::string(c.name) == "ANewDocumentDropsWhatLayAhead") {
+        menu->popup(QPoint(0, 0));
+        QCoreApplication::processEvents();
+        menu->grab().save(screen(QStringLiteral("reader-recent.png")));
+        menu->hide();
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Reader, History, ::testing::Values(

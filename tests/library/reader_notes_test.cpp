@@ -4,6 +4,7 @@
 #include "reader_fixture.h"
 
 #include "library/reader_notes.h"
+#include "support/screens.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -63,6 +64,12 @@ TEST_P(Notes, TheSearchFindsTheirWords) {
     if (passageAt >= 0) {
         EXPECT_TRUE(lit(passageAt));
     }
+    if (std::string(c.name) == "OnAPassage") {
+        kf()->resize(1366, 700);   // as maximised on a common screen: the notes stand beside the document
+        text->moveCursor(QTextCursor::Start);   // the passage lit, not chosen
+        QCoreApplication::processEvents();
+        kf()->grab().save(screen(QStringLiteral("reader-notes.png")));
+    }
 
     if (c.then == NoteCase::Changed) {
         answerNote(QStringLiteral("ask the client for the purchase bills"));
@@ -83,6 +90,8 @@ TEST_P(Notes, TheSearchFindsTheirWords) {
     sorted.sort();
     expected.sort();
     EXPECT_EQ(sorted, expected);
+    if (std::string(c.name) == "ThePassageWordsToo")
+        forms::get(QStringLiteral("frmTextSearch"))->grab().save(screen(QStringLiteral("reader-search-notes.png")));
     const qsizetype note = found.indexOf(QStringLiteral("Note|note:1"));
     if (note < 0) return;
     // Opened from the search, the note's document comes back with its passage chosen.
