@@ -45,9 +45,8 @@ bool SqliteFile::open(const QStringList& schema) {
                  QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(check, 0))) == "ok";
     sqlite3_finalize(check);
     if (!sound) return false;
-    // Commits without a wait for the disk: a crash may lose the last second, never the file.
-    sqlite3_exec(db_, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
-    sqlite3_exec(db_, "PRAGMA synchronous = NORMAL", nullptr, nullptr, nullptr);
+    // One file and nothing beside it, whole after every commit: what a backup copies is all there is.
+    sqlite3_exec(db_, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
     for (const QString& statement : schema) {
         const int rc = sqlite3_exec(db_, statement.toUtf8().constData(), nullptr, nullptr, nullptr);
         if (rc == SQLITE_CORRUPT || rc == SQLITE_NOTADB) return false;

@@ -1,7 +1,8 @@
 #pragma once
 // A SQLite file of the program's own making in the user's folder (the reader's file, the user's own
-// library): plain SQLite through its C API, with the full-text tokenizer registered. Written in WAL mode,
-// so that a search on a read-only handle of another thread never waits for a write.
+// library): plain SQLite through its C API, with the full-text tokenizer registered. One file with no
+// companions: a search on a read-only handle of another thread holds it for the milliseconds of a query,
+// and a write waits that long at most.
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
