@@ -7,6 +7,7 @@
 #include "platform/forms/msgbox.h"
 #include "platform/forms/window_registry.h"
 #include "platform/store/connection.h"
+#include "library/reader.h"
 #include "returns/return_schema.h"
 #include "shell/my_mod.h"
 #include "windows.h"
@@ -135,6 +136,7 @@ int main(int argc, char** argv) {
     if (timing) std::fprintf(stderr, "return files ready after %lld ms\n", started.elapsed());
 
     app::defineWindows();
+    library::startReader();   // a damaged reader's file is told now, once
     QWidget* first = forms::get(QStringLiteral("main"));
     FirstPaint shown(first, [&] {
         if (timing) std::fprintf(stderr, "first window shown after %lld ms\n", started.elapsed());
