@@ -59,4 +59,9 @@ bool isDamaged(const basic::RuntimeError& e) {
            e.description() == QLatin1String(sqlite3_errstr(SQLITE_NOTADB));
 }
 
+bool isLocked(const basic::RuntimeError& e) {
+    return e.number() == kProviderError && (e.description() == QLatin1String(sqlite3_errstr(SQLITE_BUSY)) ||
+                                            e.description() == QLatin1String(sqlite3_errstr(SQLITE_LOCKED)));
+}
+
 }  // namespace store

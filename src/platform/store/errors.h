@@ -27,5 +27,7 @@ basic::RuntimeError databaseError(sqlite3* db);        // the database's own mes
 bool isDiskFull(const basic::RuntimeError& e);
 // The file is not a database, or its pages do not hold together.
 bool isDamaged(const basic::RuntimeError& e);
+// Another program held the file locked for longer than the busy wait.
+bool isLocked(const basic::RuntimeError& e);
 
 }  // namespace store
