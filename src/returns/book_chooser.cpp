@@ -184,9 +184,9 @@ void BookChooser::Find(const QString& text) {
     int books = 0;
     for (const DealerRows::Row& r : rows_->all) books += int(r.years.size());
     const int dealers = int(rows_->all.size()) - (rows_->all.size() && rows_->all.front().dealer.tin.isEmpty() ? 1 : 0);
-    lblCount->setText(text.trimmed().isEmpty()
-                          ? QStringLiteral("%1 dealers, %2 books").arg(dealers).arg(books)
-                          : QStringLiteral("%1 of %2 dealers").arg(ShownDealers()).arg(dealers));
+    if (rows_->all.empty()) lblCount->setText(QStringLiteral("No dealers yet: Add dealer (Alt+A) puts the first one in."));
+    else if (text.trimmed().isEmpty()) lblCount->setText(QStringLiteral("%1 dealers, %2 books").arg(dealers).arg(books));
+    else lblCount->setText(QStringLiteral("%1 of %2 dealers").arg(ShownDealers()).arg(dealers));
     Choose(before);
     if (ChosenTin() != before || !lstDealers->currentIndex().isValid()) Choose(ShownTin(0));
 }
