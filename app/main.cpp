@@ -1,6 +1,7 @@
 // Vorlan starts here: open the library store, then show the main window. Nothing comes between them.
 #include "platform/basic/app_path.h"
 #include "platform/basic/folders.h"
+#include "platform/basic/log.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/fonts.h"
 #include "platform/forms/msgbox.h"
@@ -27,14 +28,22 @@ const char kHelp[] =
     "\n"
     "  -h, --help           show this text and end\n"
     "  -v, --version        show the version and end\n"
+    "  --log FILE           also write what the program logs to FILE (added to its end): every error\n"
+    "                       it passes over and every fault of the store, with time and place\n"
     "  --quit-when-shown    end as soon as the first window has shown itself (for tests and timing)\n"
     "\n"
     "The library, the register templates and the reference documents are read from the program's\n"
     "folder (/usr/share/vorlan when installed); the return files are kept in the user's data folder\n"
-    "(~/.local/share/Vorlan). A program folder that holds the library and can be written keeps both.\n";
+    "(~/.local/share/Vorlan). A program folder that holds the library and can be written keeps both.\n"
+    "\n"
+    "Logging is off unless asked for: --log FILE, or QT_LOGGING_RULES=\"vorlan.*=true\" for the\n"
+    "standard error (\"vorlan.returns.debug=true\" for one part: basic, store, forms, documents,\n"
+    "reports, system, shell, library, returns, housekeeping).\n";
 
 struct StartOptions {
     bool help = false, version = false, quitWhenShown = false;
+    const char* logFile = nullptr;
+    const char* wrong = nullptr;   // an option given without what it needs
 };
 
 // Read before the application object exists, so that --help and --version need no display.
@@ -46,6 +55,11 @@ StartOptions readOptions(int argc, char** argv) {
         if (!std::strcmp(a, "-h") || !std::strcmp(a, "--help")) o.help = true;
         if (!std::strcmp(a, "-v") || !std::strcmp(a, "--version")) o.version = true;
         if (!std::strcmp(a, "--quit-when-shown")) o.quitWhenShown = true;
+        if (!std::strncmp(a, "--log=", 6)) o.logFile = a + 6;
+        if (!std::strcmp(a, "--log")) {
+            if (i + 1 < argc && argv[i + 1][0] != '-') o.logFile = argv[++i];
+            else o.wrong = a;
+        }
     }
     return o;
 }
@@ -77,6 +91,17 @@ int main(int argc, char** argv) {
     if (options.help || options.version) {
         std::fputs(options.help ? kHelp : "vorlan " VORLAN_VERSION "\n", stdout);
         return 0;
+    }
+    if (options.wrong || (options.logFile && !*options.logFile)) {
+        std::fprintf(stderr, "vorlan: --log needs the name of a file: vorlan --log FILE\n");
+        return 2;
+    }
+    if (options.logFile) {
+        const QString reason = basic::logToFile(QString::fromLocal8Bit(options.logFile));
+        if (!reason.isEmpty()) {
+            std::fprintf(stderr, "vorlan: cannot write the log file %s: %s\n", options.logFile, qPrintable(reason));
+            return 2;
+        }
     }
     QCoreApplication::setApplicationName(QStringLiteral("Vorlan"));
     basic::UseFolders(shell::LibraryFileNames());

@@ -12,10 +12,12 @@
 #include <QPushButton>
 
 #include "platform/basic/runtime_error.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/timer.h"
 #include "platform/forms/twips.h"
+#include "platform/forms/wait_cursor.h"
 #include "platform/store/database_file.h"
 #include "platform/store/errors.h"
 #include "platform/system/drives.h"
@@ -31,20 +33,8 @@ const QString kFolder = QStringLiteral("Vorlan1BackUp");
 const QString kSuccessTitle = QStringLiteral("           Successfully      ");
 constexpr long kYellow = 65535, kGreen = 65280, kWhite = 16777215, kDarkBlue = 8388608;
 
-QColor fromVb(long bgr) { return QColor(int(bgr & 0xFF), int((bgr >> 8) & 0xFF), int((bgr >> 16) & 0xFF)); }
-long toVb(const QColor& c) { return long(c.red()) | long(c.green()) << 8 | long(c.blue()) << 16; }
-
-void setBackColor(QWidget* w, long bgr) {
-    QPalette p = w->palette();
-    p.setColor(QPalette::Button, fromVb(bgr));
-    w->setPalette(p);
-}
-
-void setForeColor(QWidget* w, long bgr) {
-    QPalette p = w->palette();
-    p.setColor(QPalette::WindowText, fromVb(bgr));
-    w->setPalette(p);
-}
+void setBackColor(QWidget* w, long bgr) { forms::setColour(w, QPalette::Button, unsigned(bgr)); }
+void setForeColor(QWidget* w, long bgr) { forms::setColour(w, QPalette::WindowText, unsigned(bgr)); }
 
 // The picture of Image1: a red disc with a white cross, the usual sign for "leave this".
 QPixmap cancelPicture() {
@@ -62,12 +52,6 @@ QPixmap cancelPicture() {
     return pixmap;
 }
 
-// Wait pointer for the length of a block.
-struct WaitPointer {
-    WaitPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitPointer() { QGuiApplication::restoreOverrideCursor(); }
-};
-
 }  // namespace
 
 frmBackUpRestore::frmBackUpRestore(QWidget* parent) : QWidget(parent) {
@@ -75,7 +59,7 @@ frmBackUpRestore::frmBackUpRestore(QWidget* parent) : QWidget(parent) {
     setFixedSize(forms::twips(4290), forms::twips(2250));
 
     Label2 = new QLabel(this);
-    Label2->setGeometry(forms::twips(240), forms::twips(240), forms::twips(2400), forms::twips(300));
+    forms::place(Label2, 240, 240, 2400, 300);
     QFont bold = Label2->font();
     bold.setBold(true);
     Label2->setFont(bold);
@@ -88,12 +72,12 @@ frmBackUpRestore::frmBackUpRestore(QWidget* parent) : QWidget(parent) {
     cboDrive = new QComboBox(this);
     cboDrive->setEditable(true);
     cboDrive->setInsertPolicy(QComboBox::NoInsert);
-    cboDrive->setGeometry(forms::twips(240), forms::twips(660), forms::twips(3000), forms::twips(315));
+    forms::place(cboDrive, 240, 660, 3000, 315);
 
     Command7 = new QPushButton(QStringLiteral("BackUp"), this);
-    Command7->setGeometry(forms::twips(240), forms::twips(1320), forms::twips(1455), forms::twips(495));
+    forms::place(Command7, 240, 1320, 1455, 495);
     Command6 = new QPushButton(QStringLiteral("Restore"), this);
-    Command6->setGeometry(forms::twips(1785), forms::twips(1320), forms::twips(1455), forms::twips(495));
+    forms::place(Command6, 1785, 1320, 1455, 495);
     for (QPushButton* b : {Command7, Command6}) {
         setBackColor(b, kGreen);
         b->installEventFilter(this);
@@ -103,7 +87,7 @@ frmBackUpRestore::frmBackUpRestore(QWidget* parent) : QWidget(parent) {
     Image1->setPixmap(cancelPicture());
     Image1->setToolTip(QStringLiteral("Click to Cancel"));
     Image1->setCursor(Qt::PointingHandCursor);
-    Image1->setGeometry(forms::twips(3480), forms::twips(180), forms::twips(480), forms::twips(480));
+    forms::place(Image1, 3480, 180, 480, 480);
     Image1->installEventFilter(this);
 
     Timer1 = new forms::Timer(this);
@@ -189,7 +173,7 @@ void frmBackUpRestore::Form_Activate() {
     procDriveList();
     cboDrive->setCurrentIndex(0);
     fso = sys::FileSystemObject();
-    WaitPointer wait;
+    forms::WaitCursor wait;
     for (int i = 0; i < cboDrive->count(); ++i) {
         // Drive roots of the old platform knew no case, so upper-casing one changed only its looks;
         // mount points do know case, so the root is kept as listed. The last drive with the folder wins.
@@ -378,9 +362,9 @@ void frmBackUpRestore::Timer1_Timer() {
     }
 }
 
-long frmBackUpRestore::BackColor(const QWidget* control) { return toVb(control->palette().color(QPalette::Button)); }
+long frmBackUpRestore::BackColor(const QWidget* control) { return long(forms::toOleColor(control->palette().color(QPalette::Button))); }
 long frmBackUpRestore::ForeColor(const QWidget* control) {
-    return toVb(control->palette().color(QPalette::WindowText));
+    return long(forms::toOleColor(control->palette().color(QPalette::WindowText)));
 }
 
 }  // namespace housekeeping

@@ -1,4 +1,6 @@
 #include "library/central.h"
+#include "library/law_toolbar.h"
+#include "library/log.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -8,6 +10,7 @@
 #include "platform/documents/ole_container.h"
 #include "platform/forms/errors.h"
 #include "platform/forms/keys.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/toolbar.h"
 #include "platform/forms/tree_view.h"
@@ -20,9 +23,7 @@ namespace {
 
 constexpr int kToolbarHeight = 750;
 
-void place(QWidget* w, int left, int top, int width, int height) {
-    w->setGeometry(forms::twips(left), forms::twips(top), forms::twips(width), forms::twips(height));
-}
+using forms::place;
 
 // The nodes, all under the root "One"; the second "States" is a node of its own.
 const char* const kNodes[][2] = {
@@ -36,29 +37,6 @@ const char* const kNodes[][2] = {
     {"Raj", "Rajasthan"},        {"Sik", "Sikkim"},          {"Tam", "TamilNadu"},
     {"Tri", "Tripura"},          {"Utt", "Uttar Pradesh"},   {"Uta", "Utharanchal"},
     {"We", "West Bangal"},
-};
-
-struct ButtonRow {
-    const char* caption;
-    const char* key;
-    const char* toolTip;  // nullptr: none
-    QStyle::StandardPixmap picture;
-};
-
-const ButtonRow kButtons[] = {
-    {"Act", "Act", "Act", QStyle::SP_FileDialogContentsView},
-    {"Rules", "rul", "Rules", QStyle::SP_FileDialogDetailedView},
-    {"Cash Payment", "CP", nullptr, QStyle::SP_DialogYesButton},
-    {"Bank Payment", "BP", nullptr, QStyle::SP_DriveHDIcon},
-    {"Circulars", "circu", "Circulars", QStyle::SP_FileIcon},
-    {"Notification", "not", "Notification", QStyle::SP_MessageBoxInformation},
-    {"Schedules", "sch", "Schedules", QStyle::SP_FileDialogListView},
-    {"Judgements", "jud", "Judgements", QStyle::SP_DialogApplyButton},
-    {"Forms", "forms", "Word Forms", QStyle::SP_FileDialogNewFolder},
-    {"Allied", "Ali", "Allied Act,Forms,Rules", QStyle::SP_DirLinkIcon},
-    {"R.Judgement", "rec", "Recent Judgements", QStyle::SP_BrowserReload},
-    {"CA", "ca", "Tools for Chartered Accountants", QStyle::SP_ComputerIcon},
-    {"Back", "bac", "Back to Main Menu", QStyle::SP_ArrowBack},
 };
 
 // The keys a double click once sent to windows of their own. Each window was a local object that nothing
@@ -86,17 +64,12 @@ void central::buildControls() {
 
     ImageList1.Add(style()->standardIcon(QStyle::SP_DirClosedIcon));
     ImageList1.Add(style()->standardIcon(QStyle::SP_DirOpenIcon));
-    for (const ButtonRow& row : kButtons) ImageList2.Add(style()->standardIcon(row.picture));
 
     Toolbar2 = new forms::Toolbar(this);
     Toolbar2->setImageList(&ImageList2);
     Toolbar2->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     Toolbar2->setMovable(false);
-    int image = 0;
-    for (const ButtonRow& row : kButtons) {
-        auto b = Toolbar2->Buttons.Add(QString::fromUtf8(row.key), QString::fromUtf8(row.caption), ++image);
-        b.setToolTipText(row.toolTip ? QString::fromUtf8(row.toolTip) : QString());
-    }
+    fillLawToolbar(Toolbar2, ImageList2, style(), PaymentButtons::OnTheBar);
     place(Toolbar2, 0, 0, 13650, kToolbarHeight);
 
     Tvw = new forms::TreeView(this);
@@ -128,7 +101,7 @@ void central::buildControls() {
     for (int i = 0; i < 3; ++i) {
         auto* ole = *containers[i] = new documents::OleContainer(this);
         place(ole, 3855, 1320, 9555, 6960);
-        basic::resume([&] { ole->CreateEmbed(folder + QString::fromUtf8(pages[i])); });
+        ignore([&] { ole->CreateEmbed(folder + QString::fromUtf8(pages[i])); });
     }
 
     forms::wire(Toolbar2, &forms::Toolbar::ButtonClick, this,
@@ -237,7 +210,7 @@ void central::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     // The toolbar is aligned to the window's top edge; nothing else moves.
     Toolbar2->setGeometry(0, 0, width(), forms::twips(kToolbarHeight));
-    basic::resume([this] { Form_Resize(); });
+    ignore([this] { Form_Resize(); });
 }
 
 void central::mousePressEvent(QMouseEvent* event) {

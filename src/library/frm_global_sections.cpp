@@ -10,6 +10,8 @@
 #include <QPushButton>
 
 #include "library/keralaforms.h"
+#include "library/log.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
@@ -20,25 +22,16 @@ namespace library {
 
 namespace {
 
-using basic::resume;
-
-// Places a child in twips, relative to its parent.
-void place(QWidget* w, int left, int top, int width, int height) {
-    w->setGeometry(forms::twips(left), forms::twips(top), std::max(0, forms::twips(width)),
-                   std::max(0, forms::twips(height)));
-}
-int leftOf(const QWidget* w) { return forms::toTwips(w->x()); }
-int topOf(const QWidget* w) { return forms::toTwips(w->y()); }
-int widthOf(const QWidget* w) { return forms::toTwips(w->width()); }
-int heightOf(const QWidget* w) { return forms::toTwips(w->height()); }
+using forms::heightOf;
+using forms::leftOf;
+using forms::place;
+using forms::topOf;
+using forms::widthOf;
 
 QString errorText(const basic::RuntimeError& e) { return e.description() + e.detail(); }
 
 // The Ctrl key as the keyboard stands now, not as the event reports it.
 bool ctrlDown() { return QGuiApplication::keyboardModifiers() & Qt::ControlModifier; }
-
-QColor fromBgr(std::int32_t c) { return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF); }
-std::int32_t toBgr(const QColor& c) { return c.red() | (c.green() << 8) | (c.blue() << 16); }
 
 void setBack(QWidget* w, const QColor& color) {
     QPalette p = w->palette();
@@ -49,8 +42,9 @@ void setBack(QWidget* w, const QColor& color) {
 
 }  // namespace
 
-frmGlobalSections::frmGlobalSections()
-    : frameContent(new QGroupBox(QStringLiteral("Select the item you want and click GO"), this)),
+frmGlobalSections::frmGlobalSections(QWidget* parent)
+    : QWidget(parent, Qt::Window),
+      frameContent(new QGroupBox(QStringLiteral("Select the item you want and click GO"), this)),
       DataGrid1(new forms::DataGrid(frameContent)),
       cmdGO(new QPushButton(QStringLiteral("&GO"), frameContent)),
       cmdBack(new QPushButton(QStringLiteral("&Back"), frameContent)),
@@ -116,23 +110,23 @@ void frmGlobalSections::hideColumn(int c) {
 
 bool frmGlobalSections::LoadGridData() {
     // Every step resumes past its error, so that a list of nothing leaves an empty grid and no box.
-    resume([&] {
+    ignore([&] {
         DataGrid1->setDataSource(recSet_);
         DataGrid1->ClearFields();
         DataGrid1->ReBind();
     });
-    resume([&] {
+    ignore([&] {
         for (int c = 0; c < DataGrid1->ColumnCount(); ++c) DataGrid1->setColumnLocked(c, true);
     });
-    resume([&] {
+    ignore([&] {
         if (DataGrid1->ColumnCount() > 1) hideColumn(0);
     });
-    resume([&] {
+    ignore([&] {
         if (hiddenIDIndex_ >= 0 && hiddenIDIndex_ < DataGrid1->ColumnCount()) hideColumn(hiddenIDIndex_);
     });
-    resume([&] { ChangeSelection(); });
-    resume([&] { AutoSizeColumn(); });
-    resume([&] { setFocus(); });
+    ignore([&] { ChangeSelection(); });
+    ignore([&] { AutoSizeColumn(); });
+    ignore([&] { setFocus(); });
     return true;
 }
 
@@ -161,8 +155,8 @@ void frmGlobalSections::ChangeSelection() {
 }
 
 void frmGlobalSections::ShowDetail() {
-    resume([&] { txtDetail->clear(); });
-    resume([&] {
+    ignore([&] { txtDetail->clear(); });
+    ignore([&] {
         if (detailIndex_ >= 0 && detailIndex_ < DataGrid1->ColumnCount() && !DataGrid1->Bookmark().isNull())
             txtDetail->setPlainText(basic::CStr(DataGrid1->ColumnValue(detailIndex_)));
     });
@@ -212,31 +206,31 @@ void frmGlobalSections::Form_Activate() {
 
 void frmGlobalSections::Form_Resize() {
     const int insideWidth = widthOf(this), insideHeight = heightOf(this);
-    resume([&] { place(frameContent, 800, 800, insideWidth - 1600, insideHeight - 1600); });
+    ignore([&] { place(frameContent, 800, 800, insideWidth - 1600, insideHeight - 1600); });
     const int fw = widthOf(frameContent), fh = heightOf(frameContent);
-    resume([&] { place(cmdGO, fw - (widthOf(cmdGO) + 30), 150, widthOf(cmdGO), heightOf(cmdGO)); });
-    resume([&] {
+    ignore([&] { place(cmdGO, fw - (widthOf(cmdGO) + 30), 150, widthOf(cmdGO), heightOf(cmdGO)); });
+    ignore([&] {
         place(cmdBack, fw - (widthOf(cmdBack) + 30), fh - (heightOf(cmdBack) + 30), widthOf(cmdBack),
               heightOf(cmdBack));
     });
     const int gl = leftOf(DataGrid1), gt = topOf(DataGrid1);
-    resume([&] { DataGrid1->Move(gl, gt, fw - 2 * gl, fh - (gt + 30 + heightOf(cmdBack))); });
-    resume([&] { place(txtDetail, gl, topOf(txtDetail), DataGrid1->Width(), heightOf(txtDetail)); });
-    resume([&] { place(lblWordSearch, gl, topOf(lblWordSearch), widthOf(lblWordSearch), heightOf(lblWordSearch)); });
-    resume([&] {
+    ignore([&] { DataGrid1->Move(gl, gt, fw - 2 * gl, fh - (gt + 30 + heightOf(cmdBack))); });
+    ignore([&] { place(txtDetail, gl, topOf(txtDetail), DataGrid1->Width(), heightOf(txtDetail)); });
+    ignore([&] { place(lblWordSearch, gl, topOf(lblWordSearch), widthOf(lblWordSearch), heightOf(lblWordSearch)); });
+    ignore([&] {
         place(txtSearch, gl + widthOf(lblWordSearch), topOf(txtSearch), DataGrid1->Width() - widthOf(lblWordSearch),
               heightOf(txtSearch));
     });
-    resume([&] { AutoSizeColumn(); });
+    ignore([&] { AutoSizeColumn(); });
 }
 
 void frmGlobalSections::txtSearch_KeyDown(int& keyCode, int) {
     if (keyCode != 40 && keyCode != 38) return;
     const long step = keyCode == 40 ? 1 : -1;
     // Off either end the relative bookmark is Null, which the grid refuses: the row stays where it is.
-    resume([&] { DataGrid1->setBookmark(DataGrid1->GetBookmark(step)); });
+    ignore([&] { DataGrid1->setBookmark(DataGrid1->GetBookmark(step)); });
     keyCode = 0;
-    resume([&] { ChangeSelection(); });
+    ignore([&] { ChangeSelection(); });
 }
 
 void frmGlobalSections::txtSearch_KeyPress(int& keyAscii) {
@@ -261,44 +255,37 @@ void frmGlobalSections::showColorError(const char* routine, const basic::Runtime
     else forms::MsgBox(QStringLiteral("Grid exceptional case 3"), forms::vbOKOnly, QStringLiteral("Vorlan"));
 }
 
-std::int32_t frmGlobalSections::GetSetBackColor(std::int32_t& color) {
+// A colour property: set when given a colour (not -1), and answered as it then stands.
+std::int32_t frmGlobalSections::colourProperty(const char* routine, std::int32_t color,
+                                               const std::function<void(const QColor&)>& set,
+                                               const std::function<QColor()>& get) {
     try {
-        if (color >= 0) setBack(this, fromBgr(color));
-        return toBgr(palette().color(QPalette::Window));
+        if (color >= 0) set(forms::oleColor(unsigned(color)));
+        return std::int32_t(forms::toOleColor(get()));
     } catch (const basic::RuntimeError& e) {
-        showColorError("GetSetBackColor", e);
+        showColorError(routine, e);
     }
     return 0;
+}
+
+std::int32_t frmGlobalSections::GetSetBackColor(std::int32_t& color) {
+    return colourProperty("GetSetBackColor", color, [this](const QColor& c) { setBack(this, c); },
+                          [this] { return palette().color(QPalette::Window); });
 }
 
 std::int32_t frmGlobalSections::GetSetFrameBackColor(std::int32_t& color) {
-    try {
-        if (color >= 0) setBack(frameContent, fromBgr(color));
-        return toBgr(frameContent->palette().color(QPalette::Window));
-    } catch (const basic::RuntimeError& e) {
-        showColorError("GetSetFrameBackColor", e);
-    }
-    return 0;
+    return colourProperty("GetSetFrameBackColor", color, [this](const QColor& c) { setBack(frameContent, c); },
+                          [this] { return frameContent->palette().color(QPalette::Window); });
 }
 
 std::int32_t frmGlobalSections::GetSetGridBackColor(std::int32_t& color) {
-    try {
-        if (color >= 0) DataGrid1->setBackColor(fromBgr(color));
-        return toBgr(DataGrid1->BackColor());
-    } catch (const basic::RuntimeError& e) {
-        showColorError("GetSetGridBackColor", e);
-    }
-    return 0;
+    return colourProperty("GetSetGridBackColor", color, [this](const QColor& c) { DataGrid1->setBackColor(c); },
+                          [this] { return DataGrid1->BackColor(); });
 }
 
 std::int32_t frmGlobalSections::GetSetGridForeColor(std::int32_t& color) {
-    try {
-        if (color >= 0) DataGrid1->setForeColor(fromBgr(color));
-        return toBgr(DataGrid1->ForeColor());
-    } catch (const basic::RuntimeError& e) {
-        showColorError("GetSetGridForeColor", e);
-    }
-    return 0;
+    return colourProperty("GetSetGridForeColor", color, [this](const QColor& c) { DataGrid1->setForeColor(c); },
+                          [this] { return DataGrid1->ForeColor(); });
 }
 
 QFont frmGlobalSections::GetSetGridFont(const QFont* font) {

@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QWidget>
 #include <cstdint>
+#include <functional>
 
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
@@ -23,7 +24,8 @@ namespace library {
 class frmGlobalSections : public QWidget {
     Q_OBJECT
 public:
-    frmGlobalSections();
+    // With a parent, a window of its own that the parent owns and that stays in front of it.
+    explicit frmGlobalSections(QWidget* parent = nullptr);
 
     QGroupBox* frameContent;
     forms::DataGrid* DataGrid1;
@@ -103,6 +105,8 @@ protected:
 
 private:
     void showColorError(const char* routine, const basic::RuntimeError& e);
+    std::int32_t colourProperty(const char* routine, std::int32_t color, const std::function<void(const QColor&)>& set,
+                                const std::function<QColor()>& get);
     void hideColumn(int column);
 
     store::Recordset recSet_ = store::Recordset::nothing();

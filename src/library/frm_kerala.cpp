@@ -1,6 +1,7 @@
 #include "library/frm_kerala.h"
 #include "library/frm_global_sections.h"
 #include "library/grid_catalogue.h"
+#include "library/law_toolbar.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -12,6 +13,7 @@
 #include "platform/basic/variant.h"
 #include "platform/forms/errors.h"
 #include "platform/forms/keys.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
@@ -30,16 +32,13 @@ namespace {
 constexpr int kToolbarHeight = 750;
 constexpr int kStatusBarHeight = 375;
 
-// Places in twips; the widgets keep pixels, 15 twips to the pixel.
-void place(QWidget* w, int left, int top, int width, int height) {
-    w->setGeometry(forms::twips(left), forms::twips(top), forms::twips(width), forms::twips(height));
-}
-int topOf(const QWidget* w) { return forms::toTwips(w->y()); }
-int widthOf(const QWidget* w) { return forms::toTwips(w->width()); }
-int heightOf(const QWidget* w) { return forms::toTwips(w->height()); }
-void setLeft(QWidget* w, int left) { w->move(forms::twips(left), w->y()); }
-void setTop(QWidget* w, int top) { w->move(w->x(), forms::twips(top)); }
-void setHeight(QWidget* w, int height) { w->resize(w->width(), forms::twips(height)); }
+using forms::heightOf;
+using forms::place;
+using forms::setHeight;
+using forms::setLeft;
+using forms::setTop;
+using forms::topOf;
+using forms::widthOf;
 
 // The nodes of the seven trees, each tree's root first, children in the order they are added.
 struct NodeRow {
@@ -83,27 +82,6 @@ const NodeRow kNodes[] = {
     {6, "Sec3al", "Allied Forms", "One"},
 };
 
-struct ButtonRow {
-    const char* caption;
-    const char* key;
-    const char* toolTip;
-    QStyle::StandardPixmap picture;
-};
-
-const ButtonRow kButtons[] = {
-    {"Act", "Act", "Act", QStyle::SP_FileDialogContentsView},
-    {"Rules", "rul", "Rules", QStyle::SP_FileDialogDetailedView},
-    {"Circulars", "circu", "Circulars", QStyle::SP_FileIcon},
-    {"Notification", "not", "Notification", QStyle::SP_MessageBoxInformation},
-    {"Schedules", "sch", "Schedules", QStyle::SP_FileDialogListView},
-    {"Judgements", "jud", "Judgements", QStyle::SP_DialogApplyButton},
-    {"Forms", "forms", "Word Forms", QStyle::SP_FileDialogNewFolder},
-    {"Allied", "Ali", "Allied Act,Forms,Rules", QStyle::SP_DirLinkIcon},
-    {"R.Judgement", "rec", "Recent Judgements", QStyle::SP_BrowserReload},
-    {"CA", "ca", "Tools for Chartered Accountants", QStyle::SP_ComputerIcon},
-    {"Back", "bac", "Back to Main Menu", QStyle::SP_ArrowBack},
-};
-
 // ResizeValue is a 16-bit integer: the nearest whole number (halves to even, as the
 // language assigns), and a value beyond its range is the overflow error.
 std::int16_t toResizeValue(double value) {
@@ -132,7 +110,6 @@ void frmkerala::buildControls() {
 
     ImageList1.Add(style()->standardIcon(QStyle::SP_DirClosedIcon));
     ImageList1.Add(style()->standardIcon(QStyle::SP_DirOpenIcon));
-    for (const ButtonRow& row : kButtons) ImageList2.Add(style()->standardIcon(row.picture));
 
     Toolbar2 = new forms::Toolbar(this);
     Toolbar2->setImageList(&ImageList2);
@@ -140,14 +117,7 @@ void frmkerala::buildControls() {
     Toolbar2->setMovable(false);
     // The toolbar holds the focus until a tree takes it, as its buttons are pressed.
     Toolbar2->setFocusPolicy(Qt::StrongFocus);
-    int image = 0;
-    for (const ButtonRow& row : kButtons) {
-        auto b = Toolbar2->Buttons.Add(QString::fromUtf8(row.key), QString::fromUtf8(row.caption), ++image);
-        b.setToolTipText(QString::fromUtf8(row.toolTip));
-    }
-    auto rules = Toolbar2->Buttons(QStringLiteral("rul")).ButtonMenus();
-    rules.Add(QStringLiteral("CP"), QStringLiteral("Cash Payment"));
-    rules.Add(QStringLiteral("BP"), QStringLiteral("Bank Payment"));
+    fillLawToolbar(Toolbar2, ImageList2, style(), PaymentButtons::InRulesMenu);
     shell::addLibrarySearch(Toolbar2);
     place(Toolbar2, 0, 0, 13650, kToolbarHeight);
 
@@ -434,9 +404,7 @@ void frmkerala::openGrid(const GridEntry& entry) {
 void frmkerala::loadGrid(const GridEntry& entry) {
     frmGlobalSections*& grid = this->*entry.reference;
     if (grid) return;
-    grid = new frmGlobalSections;
-    // Owned by this window, as a window of its own that stays in front of it.
-    grid->setParent(this, Qt::Window);
+    grid = new frmGlobalSections(this);
     // The value comes by reference; the Go handlers catch their own errors.
     if (entry.go)
         connect(grid, &frmGlobalSections::GoClicked, this,

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 
 #include "library/keralaforms.h"
+#include "library/log.h"
 #include "platform/basic/variant.h"
 #include "platform/forms/errors.h"
 #include "platform/forms/event_tap.h"
@@ -33,8 +34,8 @@ const char kSearchHint[] =
 struct ErrorsIgnored {
     basic::RuntimeError last;
     template <class F>
-    void operator()(F&& statement) {
-        basic::RuntimeError e = basic::resume(std::forward<F>(statement));
+    void operator()(F&& statement, std::source_location where = std::source_location::current()) {
+        basic::RuntimeError e = ignore(std::forward<F>(statement), where);
         if (e.number() != 0) last = e;
     }
 };

@@ -1,4 +1,5 @@
 #include "library/keralaforms.h"
+#include "library/log.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -12,6 +13,7 @@
 #include "platform/forms/errors.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
 #include "platform/forms/window_update.h"
@@ -21,9 +23,6 @@ namespace library {
 
 namespace {
 
-int tw(int pixels) { return forms::toTwips(pixels); }
-int px(int twipsValue) { return forms::twips(twipsValue); }
-void moveLeft(QWidget* w, int left) { w->move(px(left), w->y()); }
 
 QLabel* makeHint(QWidget* parent) {
     auto* label = new QLabel(QStringLiteral("Double Click on the Displayed view to fully view the data."), parent);
@@ -37,7 +36,7 @@ QToolButton* makeBack(QWidget* parent) {
     back->setText(QStringLiteral("Back"));
     back->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     back->setIcon(parent->style()->standardIcon(QStyle::SP_ArrowBack));
-    back->resize(px(1095), px(270));
+    back->resize(forms::twips(1095), forms::twips(270));
     return back;
 }
 
@@ -55,11 +54,11 @@ keralaforms::keralaforms()
     MSRDC1->setObjectName(QStringLiteral("MSRDC1"));
     OLE1->setObjectName(QStringLiteral("OLE1"));
     OLE1->setDataSource(MSRDC1);
-    OLE1->setGeometry(px(2498), px(360), px(10245), px(10290));
+    forms::place(OLE1, 2498, 360, 10245, 10290);
     documents::FindBar::attach(OLE1);
-    cmdCancelNonVisible->setGeometry(0, 0, px(15), px(135));
+    forms::place(cmdCancelNonVisible, 0, 0, 15, 135);
     cmdCancelNonVisible->setFocusPolicy(Qt::NoFocus);
-    resize(px(15240), px(8595));
+    resize(forms::twips(15240), forms::twips(8595));
     Timer1->setInterval(100);
     Timer1->setEnabled(true);
     Timer2->setInterval(100);
@@ -82,18 +81,18 @@ void keralaforms::Form_Load() {
 void keralaforms::ArrangeDocumentView() {
     forms::LockWindowUpdate(this);
     forms::LockWindowUpdate(OLE1);
-    Label1->move(Label1->x(), px(15));
-    const int oleWidth = tw(OLE1->width());
-    int left = int(std::lround((tw(width()) - oleWidth) / 2.0));
+    forms::setTop(Label1, 15);
+    const int oleWidth = forms::widthOf(OLE1);
+    int left = int(std::lround((forms::widthOf(this) - oleWidth) / 2.0));
     if (left < 0) left = 0;
-    OLE1->setGeometry(px(left), px(270), OLE1->width(), std::max(0, px(tw(height()) - 540)));
-    Picture4->move(px(left + oleWidth - tw(Picture4->width())), 0);
+    forms::place(OLE1, left, 270, oleWidth, forms::heightOf(this) - 540);
+    forms::place(Picture4, left + oleWidth - forms::widthOf(Picture4), 0, forms::widthOf(Picture4), forms::heightOf(Picture4));
     forms::LockWindowUpdate(nullptr);
 }
 
 void keralaforms::Timer1_Timer() {
-    moveLeft(Label1, tw(Label1->x()) + 100);
-    if (tw(frameGeometry().width()) - tw(Label1->width()) <= tw(Label1->x())) {
+    forms::setLeft(Label1, forms::leftOf(Label1) + 100);
+    if (forms::toTwips(frameGeometry().width()) - forms::widthOf(Label1) <= forms::leftOf(Label1)) {
         Timer1->setEnabled(false);
         Timer2->setEnabled(true);
     }
@@ -101,8 +100,8 @@ void keralaforms::Timer1_Timer() {
 
 void keralaforms::Timer2_Timer() {
     forms::LockWindowUpdate(OLE1);
-    moveLeft(Label1, tw(Label1->x()) - 100);
-    if (tw(Label1->x()) <= 0) {
+    forms::setLeft(Label1, forms::leftOf(Label1) - 100);
+    if (forms::leftOf(Label1) <= 0) {
         Timer1->setEnabled(true);
         Timer2->setEnabled(false);
     }
@@ -118,6 +117,7 @@ void keralaforms::OLE1_Click() {
         if (shell::ShowErrorDetail())
             forms::MsgBox(QStringLiteral("Exception Display Data \n") + e.description(), forms::vbOKOnly,
                           QStringLiteral("IN_DEBUG"));
+        else qCDebug(lcLibrary) << "OLE1_Click passed over error" << e.number() << e.description();
     }
 }
 
@@ -162,8 +162,8 @@ GlobalDisplay::GlobalDisplay()
     MSRDC1->setObjectName(QStringLiteral("MSRDC1"));
     OLE1->setObjectName(QStringLiteral("OLE1"));
     OLE1->setDataSource(MSRDC1);
-    OLE1->setGeometry(px(2498), px(360), px(10245), px(7800));
-    resize(px(15240), px(8595));
+    forms::place(OLE1, 2498, 360, 10245, 7800);
+    resize(forms::twips(15240), forms::twips(8595));
     forms::wire(OLE1, &documents::OleContainer::Click, this, [this] { OLE1_Click(); });
     forms::wire(Picture4, &QToolButton::clicked, this, [this] { Picture4_Click(); });
     Form_Load();
@@ -185,12 +185,12 @@ void GlobalDisplay::Picture4_Click() {
 }
 
 void GlobalDisplay::Timer1_Timer() {
-    moveLeft(Label1, tw(Label1->x()) + 100);
+    forms::setLeft(Label1, forms::leftOf(Label1) + 100);
 }
 
 void GlobalDisplay::Timer2_Timer() {
     forms::LockWindowUpdate(OLE1);
-    moveLeft(Label1, tw(Label1->x()) - 100);
+    forms::setLeft(Label1, forms::leftOf(Label1) - 100);
     forms::LockWindowUpdate(nullptr);
 }
 

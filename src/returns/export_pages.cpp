@@ -6,9 +6,10 @@
 #include "platform/basic/variant.h"
 #include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
-#include "platform/forms/runtime_errors.h"
+#include "platform/forms/layout.h"
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
+#include "returns/store_work.h"
 
 #include <QApplication>
 #include <cmath>
@@ -79,9 +80,11 @@ void frmNormal::exportPage(const QString& table, const PageBoxes& updateBoxes, c
     rsBills.Fields(QStringLiteral("cYear")) = Variant(year);
     rsBills.Fields(QStringLiteral("cSequence")) = Variant(QStringLiteral("Monthly"));
     if (basic::Trim(txtRPTo->text()).isEmpty()) {
-        // The added row is left pending and goes with the recordset.
-        forms::MsgBox(QStringLiteral("Please Enter Return Period  "), forms::vbOKOnly);
-        txtRPTo->setFocus();
+        // The added row is left pending and goes with the recordset. The box waits until the file is free.
+        afterStoreWork([this] {
+            forms::MsgBox(QStringLiteral("Please Enter Return Period  "), forms::vbOKOnly);
+            txtRPTo->setFocus();
+        });
         return;
     }
     rsBills.Fields(QStringLiteral("cRPFrom")) = Variant(txtRPTo->text());
@@ -191,30 +194,26 @@ void frmNormal::procExportSales() {
     exportPage(QStringLiteral("tblMPage1"), boxes, boxes);
 }
 
-// The whole press is one transaction; a failure rolls it back and is reported as the run-time error
-// it is, without the success box.
+// The whole press is one transaction; a statement the store refuses rolls it back and is reported as
+// the run-time error it is, without the success box, and the button keeps its focus colour.
 void frmNormal::exportMonth() {
-    setButtonColour(cmdExport, 0xC0FFFF);
-    ConnectReturnStore();
-    store::Connection transaction = cnReturn;
-    transaction.BeginTrans();
-    const basic::RuntimeError failure = basic::resume([&] {
+    forms::setColour(cmdExport, QPalette::Button, 0xC0FFFF);
+    const bool exported = runStoreWork(kExportWords, nullptr, [&] {
         if (List4->ListIndex() == 0) {
+            storeStep_ = QStringLiteral("posting the local purchases");
             procExportPurchaseLocal();
+            storeStep_ = QStringLiteral("posting the local sales");
             procExportSalesLocal();
         } else {
+            storeStep_ = QStringLiteral("posting the inter-state purchases");
             procExportPurchaseInterState();
         }
+        storeStep_ = QStringLiteral("posting the sales");
         procExportSales();
-        transaction.CommitTrans();
     });
-    if (failure.number() != 0) {
-        (void)basic::resume([&] { transaction.RollbackTrans(); });
-        forms::reportRuntimeError(failure);
-        return;
-    }
+    if (!exported) return;
     forms::MsgBox(QStringLiteral("  EXPORTED  SUCCESSFULLY"), forms::vbInformation, QStringLiteral("Success...........!"));
-    setButtonColour(cmdExport, 0xC0C0FF);
+    forms::setColour(cmdExport, QPalette::Button, 0xC0C0FF);
 }
 
 void frmNormal::cmdExport_Click() { exportMonth(); }

@@ -1,179 +1,49 @@
+// frmNormal's layout: the controls where the window has them, the band labels of the totals, the
+// fillings of the pick lists, and the wiring of the controls to their handlers.
 #include "returns/frm_normal.h"
 
-#include "platform/basic/runtime_error.h"
-#include "platform/basic/variant.h"
+#include "platform/forms/event_tap.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/keys.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/list_box.h"
-#include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
-#include "returns/module2.h"
+#include "platform/reports/crystal_report.h"
 
 #include <QKeyEvent>
-#include <array>
-#include <charconv>
 
 namespace returns {
 
 namespace {
 
-using basic::Variant;
-
-// Colours as the old platform wrote them, blue in the high byte: 0xC0C0FF is a light red.
-QColor oleColor(unsigned bgr) { return QColor(int(bgr & 0xFF), int((bgr >> 8) & 0xFF), int((bgr >> 16) & 0xFF)); }
-
-void place(QWidget* w, int left, int top, int width, int height) {
-    w->setGeometry(forms::twips(left), forms::twips(top), forms::twips(width), forms::twips(height));
+template <class Control>
+Control* placed(Control* control, int left, int top, int width, int height) {
+    forms::place(control, left, top, width, height);
+    return control;
 }
 
 QLabel* makeLabel(QWidget* parent, const QString& caption, int left, int top, int width, int height) {
-    auto* l = new QLabel(caption, parent);
-    place(l, left, top, width, height);
-    return l;
+    return placed(new QLabel(caption, parent), left, top, width, height);
 }
 
 QLineEdit* makeBox(QWidget* parent, int left, int top, int width, int height) {
-    auto* b = new QLineEdit(parent);
-    place(b, left, top, width, height);
-    return b;
+    return placed(new QLineEdit(parent), left, top, width, height);
 }
 
 QPushButton* makeButton(QWidget* parent, const QString& caption, unsigned bgr, int left, int top, int width,
                         int height) {
-    auto* b = new QPushButton(caption, parent);
-    place(b, left, top, width, height);
-    QPalette p = b->palette();
-    p.setColor(QPalette::Button, oleColor(bgr));
-    b->setPalette(p);
+    // The face only: the frame keeps the style's own colour.
+    auto* b = placed(new QPushButton(caption, parent), left, top, width, height);
+    forms::setColour(b, QPalette::Button, bgr);
     b->setAutoFillBackground(true);
     return b;
 }
 
-QString twoDecimals(double x) { return basic::Format(Variant(x), QStringLiteral("#0.00")); }
-
-// The strict conversion of the totals pass: the whole text must be a number, else the addition fails.
-// Plain decimals ("1000", " -12.50 ") are read here, as they are nearly every cell and the pass runs on
-// every key; any other text goes to the platform's conversion, which knows its further forms.
-bool strictValue(const QString& text, double& value) {
-    QStringView t(text);
-    while (!t.isEmpty() && t.front() == u' ') t = t.sliced(1);
-    while (!t.isEmpty() && t.back() == u' ') t.chop(1);
-    if (t.isEmpty()) return false;
-    char buffer[32];
-    bool plain = t.size() < qsizetype(sizeof buffer);
-    int digits = 0, points = 0;
-    for (qsizetype i = 0; plain && i < t.size(); ++i) {
-        const char16_t c = t[i].unicode();
-        if (c >= u'0' && c <= u'9') ++digits;
-        else if (c == u'.') ++points;
-        else if (!(i == 0 && (c == u'-' || c == u'+'))) plain = false;
-        buffer[i] = char(c);
-    }
-    if (plain && digits > 0 && points <= 1) {
-        const char* first = buffer + (buffer[0] == '+' ? 1 : 0);
-        const auto [end, ec] = std::from_chars(first, buffer + t.size(), value);
-        if (ec == std::errc() && end == buffer + t.size()) return true;
-    }
-    return basic::resume([&] { value = basic::CDbl(Variant(text)); }).number() == 0;
-}
-
-QStringView trimmedBlanks(const QString& text) {
-    QStringView t(text);
-    while (!t.isEmpty() && t.front() == u' ') t = t.sliced(1);
-    while (!t.isEmpty() && t.back() == u' ') t.chop(1);
-    return t;
-}
-
-// The grid's columns: caption, width in twips, alignment (4 centre centre, 6 right top).
-struct GridColumn {
-    const char* caption;
-    int width;
-    int alignment;
-};
-const std::array<GridColumn, 10> kColumns = {{
-    {"Sl No", 700, 4},
-    {"Bill Date", 1050, 4},
-    {"Party", 3450, 4},
-    {"TIN", 1600, 4},
-    {"Bill  No", 1100, 4},
-    {"Rate of \nTax %", 800, 4},
-    {"Amount", 1500, 6},
-    {"Tax", 1500, 6},
-    {"Cess", 1500, 6},
-    {"Total  Amount", 1500, 6},
-}};
-
-const QString kDateTitle = QStringLiteral("Plase Note.......!");
-const QString kDateLine1 = QStringLiteral("Date Format is not Valid ");
-const QString kDateLine3 = QStringLiteral("eg:  ' 26-09-08 ' ");
-// The one place where the twins' texts differ: the second line of the date message.
-const QString kDateLine2Purchase = QStringLiteral("Please follow  'DD-MM-YY '");
-const QString kDateLine2Sales = QStringLiteral("Please follow    'DD-MM-YY ' ");
-
-QString dateMessage(const QString& secondLine) {
-    return kDateLine1 + QStringLiteral("\n") + secondLine + QStringLiteral("\n") + kDateLine3;
-}
-
-struct Band {
-    const char* key;
-    QLabel* amount;
-    QLabel* tax;
-    QLabel* cess;
-};
-
-// One full recount of a grid: the grand total of column 9 over every row, and per band the sums of
-// columns 6 to 8 of the rows whose trimmed rate is exactly the band's key. Every addition that fails
-// is skipped by itself; the figures are written grand total first, then Amounts, Taxes, Cesses.
-template <std::size_t N>
-void totalsPass(const forms::FlexGrid* grid, QLineEdit* totalBox, const std::array<Band, N>& bands) {
-    double grand = 0;
-    std::array<double, N> amount{}, tax{}, cess{};
-    const int rows = grid->Rows();
-    for (int r = 1; r < rows; ++r) {
-        double v = 0;
-        if (strictValue(grid->TextMatrix(r, 9), v)) grand += v;
-        const QStringView rate = trimmedBlanks(grid->TextMatrix(r, 5));
-        for (std::size_t b = 0; b < N; ++b) {
-            if (rate != QLatin1StringView(bands[b].key)) continue;
-            if (strictValue(grid->TextMatrix(r, 6), v)) amount[b] += v;
-            if (strictValue(grid->TextMatrix(r, 7), v)) tax[b] += v;
-            if (strictValue(grid->TextMatrix(r, 8), v)) cess[b] += v;
-            break;
-        }
-    }
-    totalBox->setText(twoDecimals(grand));
-    for (std::size_t b = 0; b < N; ++b) bands[b].amount->setText(twoDecimals(amount[b]));
-    for (std::size_t b = 0; b < N; ++b) bands[b].tax->setText(twoDecimals(tax[b]));
-    for (std::size_t b = 0; b < N; ++b) bands[b].cess->setText(twoDecimals(cess[b]));
-}
-
-// The row total: (Tax + Amount) + Cess of the current row, each read leniently, into column 9.
-void writeRowTotal(forms::FlexGrid* grid) {
-    const int r = grid->Row();
-    const double amount = basic::Val(grid->TextMatrix(r, 6));
-    const double tax = basic::Val(grid->TextMatrix(r, 7));
-    const double cess = basic::Val(grid->TextMatrix(r, 8));
-    grid->setTextMatrix(r, 9, twoDecimals((tax + amount) + cess));
-}
-
-void reformatWhenNumeric(QLineEdit* box) {
-    const Variant text(box->text());
-    if (basic::IsNumeric(text)) box->setText(basic::Format(text, QStringLiteral("#0.00")));
-}
-
-// The character code a key press gives, 0 when it gives none (arrows, Tab, function keys).
-int keyAsciiOf(const QKeyEvent* e) {
-    const int k = e->key();
-    if (k == Qt::Key_Return || k == Qt::Key_Enter) return 13;
-    if (k == Qt::Key_Backspace) return 8;
-    if (k == Qt::Key_Escape) return 27;
-    if ((e->modifiers() & Qt::ControlModifier) && !(e->modifiers() & Qt::AltModifier) && k >= Qt::Key_A &&
-        k <= Qt::Key_Z)
-        return 1 + (k - Qt::Key_A);
-    const QString text = e->text();
-    if (!text.isEmpty() && text.at(0).unicode() >= 32) return text.at(0).unicode();
-    return 0;
+bool isEnter(QEvent* e) {
+    if (e->type() != QEvent::KeyPress) return false;
+    const int k = static_cast<QKeyEvent*>(e)->key();
+    return k == Qt::Key_Return || k == Qt::Key_Enter;
 }
 
 }  // namespace
@@ -186,7 +56,7 @@ frmNormal::frmNormal(QWidget* parent) : QWidget(parent) {
     resize(forms::twips(15420), forms::twips(9960));
 
     List4 = new forms::ListBox(this);
-    place(List4, 0, 0, 3255, 630);
+    forms::place(List4, 0, 0, 3255, 630);
     Label3 = makeLabel(this, QStringLiteral("Dealer"), 5400, 240, 735, 255);
     Label4 = makeLabel(this, QStringLiteral("Details"), 5400, 480, 735, 255);
     lblCustomerName = makeLabel(this, QString(), 6240, 120, 4695, 735);
@@ -212,7 +82,7 @@ frmNormal::frmNormal(QWidget* parent) : QWidget(parent) {
     Command2 = makeButton(this, QStringLiteral("PRINT"), 0xD0AEDD, 13320, 8280, 1755, 300);
 
     Frame1 = new QGroupBox(this);
-    place(Frame1, 120, 9000, 15135, 735);
+    forms::place(Frame1, 120, 9000, 15135, 735);
     cmdAdd = makeButton(Frame1, QStringLiteral("&Add"), 0xC0C0FF, 5280, 240, 975, 375);
     cmdExport = makeButton(Frame1, QStringLiteral("E&xport"), 0xC0C0FF, 6240, 240, 975, 375);
     cmdClose = makeButton(Frame1, QStringLiteral("C&lose"), 0xC0C0FF, 7200, 240, 975, 375);
@@ -324,366 +194,81 @@ void frmNormal::fillList3() {
         List3->AddItem(QString::fromLatin1(e));
 }
 
-// ---- grid set-up -------------------------------------------------------------------------------------
+// ---- wiring ----------------------------------------------------------------------------------------------
 
-void frmNormal::setGrid(forms::FlexGrid* grid) {
-    grid->setRows(2);
-    grid->setFixedRows(1);
-    grid->setRowHeight(0, 400);
-    grid->setCols(10);
-    for (int c = 0; c < 10; ++c) {
-        grid->setTextMatrix(0, c, QString::fromLatin1(kColumns[c].caption));
-        grid->setColWidth(c, kColumns[c].width);
-        grid->setColAlignment(c, kColumns[c].alignment);
-    }
-    grid->setRowHeightMin(300);
-    grid->setTextMatrix(1, 0, QStringLiteral("1"));
+void frmNormal::tapEvents(QWidget* target, std::function<bool(QEvent*)> handler) {
+    target->installEventFilter(new forms::EventTap(this, std::move(handler)));
 }
 
-void frmNormal::procSetGrid() { setGrid(fg1); }
-void frmNormal::procSetGrid2() { setGrid(fg2); }
+void frmNormal::buildFlows() {
+    List1 = new forms::ListBox(this);
+    forms::place(List1, 3840, 960, 1335, 2370);
+    List1->hide();
+    List1->raise();
+    // The month box opens its list when clicked or given the focus by the program. Reached by Tab it
+    // only takes the focus, and Enter, F4 or Alt+Down opens the list, so that the focus passing on from
+    // the closing list never opens it again.
+    txtMonth->setFocusPolicy(Qt::ClickFocus);
+    // Next to each other in the chain: Shift+Tab from the purchase editor reaches the month box.
+    setTabOrder(txtRPTo, txtGrid1);
 
-void frmNormal::moveTextBox(forms::FlexGrid* grid, QLineEdit* box) {
-    if (grid->Col() > 9) return;
-    box->setVisible(true);
-    box->setGeometry(forms::twips(grid->Left() + grid->CellLeft()), forms::twips(grid->Top() + grid->CellTop()),
-                     forms::twips(grid->CellWidth()), forms::twips(grid->CellHeight()));
-}
-
-void frmNormal::procMoveTextBox() { moveTextBox(fg1, txtGrid1); }
-void frmNormal::procMoveTextBox2() { moveTextBox(fg2, txtGrid2); }
-
-// ---- the cursor's walk -------------------------------------------------------------------------------
-
-// One step of the walk: along the row, and from column 9 to column 1 of the next row, appending a row
-// at the end of the grid. The purchase pass runs here whichever grid moved; the sales key handlers run
-// their own pass after it.
-void frmNormal::procMoveColumn1(forms::FlexGrid* grid) {
-    if (grid->Col() == 9) {
-        if (grid->Row() != grid->Rows() - 1) grid->setRow(grid->Row() + 1);
-        else procNewGridCreateRow(grid);
-        grid->setCol(1);
-    } else {
-        grid->setCol(grid->Col() + 1);
-    }
-    procTotalCal1();
-}
-
-void frmNormal::procNewGridCreateRow(forms::FlexGrid* grid) {
-    const int n = grid->Rows() + 1;
-    grid->setRows(n);
-    grid->setRow(n - 1);
-    grid->setTextMatrix(n - 1, 0, QString::number(n - 1));
-}
-
-void frmNormal::procGridCreateRow() { procNewGridCreateRow(fg1); }
-void frmNormal::procGridCreateRow2() { procNewGridCreateRow(fg2); }
-void frmNormal::procCreateGridRow() { procNewGridCreateRow(fg2); }
-
-void frmNormal::deleteRow(forms::FlexGrid* grid, QLineEdit* box, int row) {
-    // Numbers first, so the rows below read their new places once the row is gone.
-    for (int i = row + 1; i < grid->Rows(); ++i) grid->setTextMatrix(i, 0, QString::number(i - 1));
-    if (grid->Rows() == 2 && row == 1) {
-        grid->Clear();
-        setGrid(grid);
-    } else {
-        grid->RemoveItem(row);
-    }
-    box->setText(grid->Text());
-    moveTextBox(grid, box);
-    box->setFocus();
-}
-
-void frmNormal::fnDeleteRow(std::int16_t& row) {
-    deleteRow(fg1, txtGrid1, row);
-    procTotalCal1();
-}
-
-void frmNormal::fnDeleteRow2(std::int16_t row) {
-    deleteRow(fg2, txtGrid2, row);
-    procTotalCal2();
-}
-
-void frmNormal::procClear1() {
-    fg1->Clear();
-    txtGrid1->setText(QString());
-}
-
-// ---- entering and leaving cells ----------------------------------------------------------------------
-
-void frmNormal::enterCell(forms::FlexGrid* grid, QLineEdit* box, forms::ListBox* list) {
-    moveTextBox(grid, box);
-    box->setText(grid->Text());
-    switch (grid->Col()) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-        box->setAlignment(Qt::AlignHCenter);
-        box->setReadOnly(false);
-        break;
-    case 5:
-        // The lock stays as it was: reached from column 9 by the mouse, the box keeps refusing keys.
-        box->setAlignment(Qt::AlignHCenter);
-        break;
-    case 6:
-        box->setAlignment(Qt::AlignRight);
-        box->setReadOnly(false);
-        reformatWhenNumeric(box);
-        break;
-    case 7:
-        box->setAlignment(Qt::AlignRight);
-        box->setReadOnly(false);
-        reformatWhenNumeric(box);
-        list->hide();
-        break;
-    case 8:
-        box->setAlignment(Qt::AlignRight);
-        box->setReadOnly(false);
-        list->hide();
-        break;
-    case 9:
-        box->setAlignment(Qt::AlignRight);
-        box->setReadOnly(true);
-        reformatWhenNumeric(box);
-        writeRowTotal(grid);
-        break;
-    default:
-        break;
-    }
-    // The keyboard always ends in the box, whose focus handler selects its text.
-    if (grid->Enabled() && grid->Visible()) grid->SetFocus();
-    if (box->isEnabled() && !box->isHidden()) box->setFocus();
-}
-
-void frmNormal::leaveCell(forms::FlexGrid* grid, QLineEdit* box) {
-    // The total is taken before the cell takes the box's text: a value left by the mouse or an arrow
-    // joins column 9 only at the next move in that row.
-    writeRowTotal(grid);
-    const int c = grid->Col();
-    if (c >= 1 && c <= 5) grid->setText(box->text());
-    else if (c >= 6 && c <= 9) grid->setText(twoDecimals(basic::Val(box->text())));
-}
-
-void frmNormal::fg1_EnterCell() {
-    enterCell(fg1, txtGrid1, List2);
-    procTotalCal1();
-}
-
-void frmNormal::fg1_LeaveCell() {
-    leaveCell(fg1, txtGrid1);
-    procTotalCal1();
-}
-
-void frmNormal::fg2_EnterCell() {
-    enterCell(fg2, txtGrid2, List3);
-    procTotalCal2();
-}
-
-void frmNormal::fg2_LeaveCell() {
-    leaveCell(fg2, txtGrid2);
-    procTotalCal2();
-}
-
-// ---- keys in the editors -----------------------------------------------------------------------------
-
-void frmNormal::openRateList(forms::FlexGrid* grid, forms::ListBox* list) {
-    list->move(forms::twips(grid->Left() + grid->CellLeft()), forms::twips(grid->Top() + grid->CellTop() + 300));
-    list->resize(forms::twips(grid->CellWidth()), list->height());
-    list->setListIndex(0);
-    list->setVisible(true);
-    list->raise();
-    list->setFocus();
-}
-
-void frmNormal::txtGrid1_KeyPress(int KeyAscii) {
-    if (KeyAscii == 13) {
-        fg1->setText(txtGrid1->text());
-        if (fg1->Col() == 1 && !IsBillDateShape(basic::Trim(txtGrid1->text()))) {
-            forms::MsgBox(dateMessage(kDateLine2Purchase), forms::vbExclamation, kDateTitle);
-            txtGrid1->setText(QString());
-        } else {
-            procMoveColumn1(fg1);
-            procMoveTextBox();
+    forms::wire(txtRPTo, &QLineEdit::textChanged, this, [this] { txtRPTo_Change(); });
+    tapEvents(txtRPTo, [this](QEvent* e) {
+        if (e->type() == QEvent::FocusIn) {
+            const Qt::FocusReason why = static_cast<QFocusEvent*>(e)->reason();
+            if (why == Qt::MouseFocusReason || why == Qt::OtherFocusReason) txtRPTo_GotFocus();
+        } else if (e->type() == QEvent::KeyPress) {
+            const auto* k = static_cast<QKeyEvent*>(e);
+            if (isEnter(e) || k->key() == Qt::Key_F4 || (k->key() == Qt::Key_Down && (k->modifiers() & Qt::AltModifier))) {
+                txtRPTo_GotFocus();
+                return true;
+            }
         }
-        if (fg1->Col() == 5) openRateList(fg1, List2);
-    } else if (KeyAscii == 25) {
-        std::int16_t row = std::int16_t(fg1->Row());
-        fnDeleteRow(row);
-    } else if (KeyAscii == 4) {
-        // The year of the date fill is fixed.
-        if (fg1->Col() == 1) txtGrid1->setText(FirstOfMonthText(basic::Trim(txtRPTo->text()), QStringLiteral("09")));
-    }
-    procTotalCal1();
-}
-
-void frmNormal::txtGrid2_KeyPress(int KeyAscii) {
-    if (KeyAscii == 13) {
-        fg2->setText(txtGrid2->text());
-        if (fg2->Col() == 1 && !IsBillDateShape(basic::Trim(txtGrid2->text()))) {
-            forms::MsgBox(dateMessage(kDateLine2Sales), forms::vbExclamation, kDateTitle);
-            txtGrid2->setText(QString());
-        } else {
-            procMoveColumn1(fg2);
-            procMoveTextBox2();
+        return false;
+    });
+    tapEvents(List1, [this](QEvent* e) {
+        if (e->type() == QEvent::KeyPress) {
+            auto* k = static_cast<QKeyEvent*>(e);
+            List1_KeyDown(forms::keyCode(*k), forms::shiftMask(k->modifiers()));
+            if (isEnter(e)) {
+                List1_KeyPress(13);
+                return true;
+            }
+        } else if (e->type() == QEvent::KeyRelease) {
+            auto* k = static_cast<QKeyEvent*>(e);
+            List1_KeyUp(forms::keyCode(*k), forms::shiftMask(k->modifiers()));
+        } else if (e->type() == QEvent::FocusOut) {
+            List1_LostFocus();
         }
-        if (fg2->Col() == 5) openRateList(fg2, List3);
-    } else if (KeyAscii == 25) {
-        fnDeleteRow2(std::int16_t(fg2->Row()));
-    } else if (KeyAscii == 4) {
-        if (fg2->Col() == 1) txtGrid2->setText(FirstOfMonthText(basic::Trim(txtRPTo->text()), QStringLiteral("09")));
-    }
-    procTotalCal2();
-}
+        return false;
+    });
+    forms::wire(List1, &forms::ListBox::DblClick, this, [this] { List1_DblClick(); });
+    forms::wire(List4, &forms::ListBox::Click, this, [this] { List4_Click(); });
 
-void frmNormal::keyDown(forms::FlexGrid* grid, QLineEdit* box, int KeyCode) {
-    // Left and Right move between cells only while the whole text is selected, as after entering a
-    // cell; once the caret stands inside the text they move the caret.
-    const bool wholeSelected = box->text() == box->selectedText();
-    switch (KeyCode) {
-    case 33: grid->setRow(1); break;
-    case 34: grid->setRow(grid->Rows() - 1); break;
-    case 37:
-        if (wholeSelected) {
-            if (grid->Col() - 1 >= 1) grid->setCol(grid->Col() - 1);
-            grid->SetFocus();
-        }
-        box->setFocus();
-        break;
-    case 38:
-        if (grid->Row() - 1 >= 1) grid->setRow(grid->Row() - 1);
-        grid->SetFocus();
-        box->setFocus();
-        break;
-    case 39:
-        if (wholeSelected) {
-            if (grid->Col() + 1 <= grid->Cols() - 1) grid->setCol(grid->Col() + 1);
-            box->setFocus();
-        }
-        break;
-    case 40:
-        if (grid->Row() + 1 <= grid->Rows() - 1) grid->setRow(grid->Row() + 1);
-        box->setFocus();
-        break;
-    default:
-        break;
-    }
-}
-
-void frmNormal::txtGrid1_KeyDown(int KeyCode, int /*Shift*/) {
-    keyDown(fg1, txtGrid1, KeyCode);
-    procTotalCal1();
-}
-
-void frmNormal::txtGrid2_KeyDown(int KeyCode, int /*Shift*/) {
-    keyDown(fg2, txtGrid2, KeyCode);
-    procTotalCal2();
-}
-
-void frmNormal::txtGrid1_GotFocus() { SelectAllOnFocus(txtGrid1); }
-void frmNormal::txtGrid2_GotFocus() { SelectAllOnFocus(txtGrid2); }
-
-void frmNormal::List2_KeyPress(int KeyAscii) {
-    if (KeyAscii != 13) return;
-    txtGrid1->setText(List2->Text());
-    List2->hide();
-    procMoveColumn1(fg1);
-    procMoveTextBox();
-}
-
-void frmNormal::List3_KeyPress(int KeyAscii) {
-    if (KeyAscii != 13) return;
-    txtGrid2->setText(List3->Text());
-    List3->hide();
-    procMoveColumn1(fg2);
-    procMoveTextBox2();
-}
-
-// A key in an editor: KeyDown first, then KeyPress for a key that gives a character, then the box's
-// own handling, which is skipped for the keys the handlers have used.
-bool frmNormal::editorKey(QLineEdit* box, QKeyEvent* key) {
-    const bool purchase = box == txtGrid1;
-    const int code = forms::keyCode(*key);
-    const bool wholeSelected = box->text() == box->selectedText();
-    bool used = code == 33 || code == 34 || code == 38 || code == 40 || ((code == 37 || code == 39) && wholeSelected);
-    forms::guard([&] { purchase ? txtGrid1_KeyDown(code, forms::shiftMask(key->modifiers())) : txtGrid2_KeyDown(code, forms::shiftMask(key->modifiers())); });
-    const int ascii = keyAsciiOf(key);
-    if (ascii != 0) {
-        forms::guard([&] { purchase ? txtGrid1_KeyPress(ascii) : txtGrid2_KeyPress(ascii); });
-        used = used || ascii == 13 || ascii == 25 || ascii == 4;
-    }
-    return used;
-}
-
-bool frmNormal::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == txtGrid1 || watched == txtGrid2) {
-        auto* box = static_cast<QLineEdit*>(watched);
-        if (event->type() == QEvent::KeyPress) return editorKey(box, static_cast<QKeyEvent*>(event));
-        if (event->type() == QEvent::FocusIn)
-            forms::guard([&] { box == txtGrid1 ? txtGrid1_GotFocus() : txtGrid2_GotFocus(); });
-    } else if ((watched == List2 || watched == List3) && event->type() == QEvent::KeyPress) {
-        const int ascii = keyAsciiOf(static_cast<QKeyEvent*>(event));
-        if (ascii == 13) {
-            forms::guard([&] { watched == List2 ? List2_KeyPress(ascii) : List3_KeyPress(ascii); });
-            return true;
-        }
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-// ---- rate-wise totals --------------------------------------------------------------------------------
-
-void frmNormal::procTotalCal1() {
-    const std::array<Band, 5> bands = {{
-        {"0", Label12, Label16, Label58},
-        {"1", Label13, Label17, Label57},
-        {"4", Label14, Label18, Label56},
-        {"12.5", Label15, Label19, Label62},
-        {"20", Label10, Label34, Label61},
-    }};
-    totalsPass(fg1, txtTotal, bands);
-}
-
-void frmNormal::procTotalCal2() {
-    const std::array<Band, 6> bands = {{
-        {"0", Label23, Label27, Label50},
-        {"1", Label22, Label26, Label49},
-        {"4", Label21, Label25, Label48},
-        {"12.5", Label20, Label24, Label54},
-        {"CST", Label35, Label36, Label53},
-        {"20", Label45, Label44, Label52},
-    }};
-    totalsPass(fg2, txtTotal2, bands);
-}
-
-void frmNormal::procTotalCal() {
-    for (int r = 1; r < fg1->Rows(); ++r) {
-        const double rate = basic::CDbl(Variant(fg1->TextMatrix(r, 5)));
-        const double billNo = basic::CDbl(Variant(fg1->TextMatrix(r, 4)));
-        fg1->setTextMatrix(r, 6, twoDecimals((rate / 100) * billNo));
-    }
-}
-
-void frmNormal::procGridEdit(forms::FlexGrid* grid, QLineEdit* box, int KeyAscii) {
-    if (KeyAscii > 32) {
-        box->setText(QString(QChar(KeyAscii)));
-        box->setCursorPosition(1);
-    } else {
-        box->setText(grid->Text());
-        box->setCursorPosition(int(std::min<qsizetype>(2000, box->text().size())));
-    }
-    moveTextBox(grid, box);
-    box->setVisible(true);
-}
-
-void frmNormal::procMoveColumn() {
-    if (fg1->Col() == 9) {
-        if (fg1->Row() != fg1->Rows() - 1) fg1->setRow(fg1->Row() + 1);
-        else procNewGridCreateRow(fg1);
-        fg1->setCol(1);
-    } else {
-        fg1->setCol(fg1->Col() + 1);
-    }
+    forms::wire(cmdAdd, &QPushButton::clicked, this, [this] { cmdAdd_Click(); });
+    forms::wire(cmdDelete, &QPushButton::clicked, this, [this] { cmdDelete_Click(); });
+    forms::wire(cmdClose, &QPushButton::clicked, this, [this] { cmdClose_Click(); });
+    forms::wire(cmdExport, &QPushButton::clicked, this, [this] { cmdExport_Click(); });
+    forms::wire(cmdPrint1, &QPushButton::clicked, this, [this] { cmdPrint1_Click(); });
+    forms::wire(Command2, &QPushButton::clicked, this, [this] { Command2_Click(); });
+    CrystalReport1 = new reports::CrystalReport(this);
+    const auto focusColours = [this](QPushButton* button, unsigned in, unsigned out,
+                                     std::function<void(int)> keyPress) {
+        tapEvents(button, [this, button, in, out, keyPress](QEvent* e) {
+            if (e->type() == QEvent::FocusIn) forms::setColour(button, QPalette::Button, in);
+            else if (e->type() == QEvent::FocusOut) forms::setColour(button, QPalette::Button, out);
+            else if (keyPress && isEnter(e)) {
+                keyPress(13);
+                return true;
+            }
+            return false;
+        });
+    };
+    focusColours(cmdAdd, 0xC0FFFF, 0xC0C0FF, [this](int k) { cmdAdd_KeyPress(k); });
+    focusColours(cmdDelete, 0xC0FFFF, 0xC0C0FF, [this](int k) { cmdDelete_KeyPress(k); });
+    focusColours(cmdClose, 0xC0FFFF, 0xC0C0FF, [this](int k) { cmdClose_KeyPress(k); });
+    focusColours(cmdExport, 0xC0FFFF, 0xC0C0FF, [this](int k) { cmdExport_KeyPress(k); });
+    focusColours(Command2, 0xC0FFFF, 0xFFC0FF, nullptr);
 }
 
 }  // namespace returns

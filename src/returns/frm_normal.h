@@ -26,6 +26,8 @@ class Recordset;
 
 namespace returns {
 
+struct StoreWords;
+
 // The source of the error that saving raises for a bill date that is no day; its text is for the user.
 inline const QString kBillDateSource = QStringLiteral("Bill date");
 
@@ -91,7 +93,6 @@ public:
     void procMoveColumn1(forms::FlexGrid* grid);
     void procNewGridCreateRow(forms::FlexGrid* grid);
     void procGridCreateRow();
-    void procGridCreateRow2();
     void procCreateGridRow();
     void fnDeleteRow(std::int16_t& row);
     void fnDeleteRow2(std::int16_t row);
@@ -117,11 +118,13 @@ public:
     void procTotalCal1();
     void procTotalCal2();
 
-    // Kept with no caller: they would overwrite Amount with Bill No times Rate, and edit cells outside
-    // the walk. A bill's tax is typed, never derived.
+    // ---- routines kept with no caller (frm_normal_unwired.cpp) -------------------------------------------
+    // None is on any path of the window; wiring one would change what the user sees.
     void procTotalCal();
     void procGridEdit(forms::FlexGrid* grid, QLineEdit* box, int KeyAscii);
     void procMoveColumn();
+    void procReadSales();
+    void procGridCreateRow2();
 
     // The three fillings of the purchase rate list, padding and all, and the one of the sales list.
     enum class RateList { AtLoad, LocalPurchase, InterStatePurchase };
@@ -142,7 +145,6 @@ public:
     void procReadPurchase();
     void procReadPurchaseInterState();
     void procReadSales_1();
-    void procReadSales();
     // The month's one row of tblCommon, from the rate-wise labels.
     void procWriteCommon();
 
@@ -197,36 +199,68 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // One side of the window, purchases or sales: the twins' handlers are one routine given the side.
+    struct Side {
+        forms::FlexGrid* grid;
+        QLineEdit* box;
+        forms::ListBox* list;
+        void (frmNormal::*totals)();
+    };
+    Side purchases() { return {fg1, txtGrid1, List2, &frmNormal::procTotalCal1}; }
+    Side sales() { return {fg2, txtGrid2, List3, &frmNormal::procTotalCal2}; }
+
+    // Layout (frm_normal.cpp).
     void buildTotals();
+    void buildFlows();
+    void tapEvents(QWidget* target, std::function<bool(QEvent*)> handler);
+
+    // The grids, their editors and keys (frm_normal_walk.cpp).
     void setGrid(forms::FlexGrid* grid);
+    void stepCursor(forms::FlexGrid* grid);
     void moveTextBox(forms::FlexGrid* grid, QLineEdit* box);
-    void enterCell(forms::FlexGrid* grid, QLineEdit* box, forms::ListBox* list);
-    void leaveCell(forms::FlexGrid* grid, QLineEdit* box);
+    void enterCell(const Side& side);
+    void leaveCell(const Side& side);
     void keyDown(forms::FlexGrid* grid, QLineEdit* box, int KeyCode);
+    void editorKeyPress(const Side& side, int KeyAscii, const QString& dateFormatLine);
+    void rateChosen(const Side& side);
     bool editorKey(QLineEdit* box, QKeyEvent* key);
     void openRateList(forms::FlexGrid* grid, forms::ListBox* list);
     void deleteRow(forms::FlexGrid* grid, QLineEdit* box, int row);
+    static QString twoDecimals(double x);
+    static void writeRowTotal(forms::FlexGrid* grid);
 
+    // The month's bills in the store (frm_normal_store.cpp).
     enum class BillKind { Local, InterState, Sales };
     void writeBills(BillKind kind);
     void storeGridRows(store::Recordset& rs, bool sales, bool withPlace, bool dateAsText);
+    void readBills(BillKind kind);
+    void readRows(const Side& side, void (frmNormal::*makeRow)(), const std::function<void(int row)>& readCells);
+    bool recordExists(const QString& tableName);
+    QString monthFilter(const QString& table) const;
+
+    // The registers' staging and the return pages (report_staging.cpp, export_pages.cpp).
     void stageBills(BillKind kind);
     enum class Summary { Purchase, InterState, Sales };
     void stageSummary(Summary which);
     void exportPage(const QString& table, const PageBoxes& updateBoxes, const PageBoxes& newRowBoxes);
     void exportMonth();
     void printRegister(const QString& templateFile);
-    void readBills(BillKind kind, bool ordered);
-    QString monthFilter(const QString& table) const;
+
+    // The buttons (frm_normal_flows.cpp) and the one way their store work runs (frm_normal_work.cpp):
+    // the questions first, then the work in one transaction; a failure rolls it back, puts back what
+    // the screen showed and says in one box what went wrong. storeStep_ names the step for that box.
     void commitMonth(bool enableList4, bool markFirstRows);
     void addMonth(bool byEnter);
     void deleteMonth(bool byEnter);
-    void buildFlows();
-    void tapEvents(QWidget* target, std::function<bool(QEvent*)> handler);
-    void setButtonColour(QPushButton* button, unsigned bgr);
+    bool runStoreWork(const StoreWords& words, const std::function<bool()>& ask, const std::function<void()>& work);
+    void storeStep(const QString& step, const std::function<void()>& work);
+    // A box of the work, shown when the work has let the file go (at once outside any work).
+    void afterStoreWork(std::function<void()> box);
 
     bool loaded_ = false;
-    QString storeStep_;      // what the store work of the press was doing, for the failure box
+    QString storeStep_;
+    bool storeWorking_ = false;
+    std::vector<std::function<void()>> afterStoreWork_;
 };
 
 }  // namespace returns

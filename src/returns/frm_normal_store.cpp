@@ -5,6 +5,7 @@
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/list_box.h"
 #include "returns/frm_normal.h"
+#include "returns/log.h"
 #include "returns/module2.h"
 
 #include <QSignalBlocker>
@@ -60,21 +61,9 @@ QString frmNormal::monthFilter(const QString& table) const {
     return "SELECT * FROM " + table + " WHERE cCode='" + DealerCode + "' AND cMonth= '" + txtRPTo->text() + "'";
 }
 
-void frmNormal::procRecExists(const QString& tableName) {
-    ConnectReturnStore();
-    if (rsLookup.State() == 1) rsLookup.Close();
-    const QString year = QStringLiteral("2008");     // set and never read, as always
-    const QString period = QStringLiteral("Monthly");
-    (void)year;
-    (void)period;
-    SqlText = "SELECT * FROM  " + tableName + "    WHERE cCode='" + DealerCode + "'  AND cMonth='" + txtRPTo->text() +
-              "'";
-    rsLookup.Open(SqlText, cnReturn, Recordset::adOpenDynamic, Recordset::adLockOptimistic);
-    RecordExists = !rsLookup.Eof();
-    rsLookup.Close();
-}
-
-bool frmNormal::fnRecordExistsNormal(const QString& tableName) {
+// Whether the month has rows in the table. procRecExists keeps the answer in RecordExists, Delete
+// takes it as the result.
+bool frmNormal::recordExists(const QString& tableName) {
     ConnectReturnStore();
     if (rsLookup.State() == 1) rsLookup.Close();
     SqlText = "SELECT * FROM  " + tableName + "    WHERE cCode='" + DealerCode + "'  AND cMonth='" + txtRPTo->text() +
@@ -84,6 +73,10 @@ bool frmNormal::fnRecordExistsNormal(const QString& tableName) {
     rsLookup.Close();
     return exists;
 }
+
+void frmNormal::procRecExists(const QString& tableName) { RecordExists = recordExists(tableName); }
+
+bool frmNormal::fnRecordExistsNormal(const QString& tableName) { return recordExists(tableName); }
 
 // Adds one row to rs for each grid row from row 1, blank or not; a blank row after a stored one (rate,
 // party and date all empty) is dropped from the grid instead. The bill tables hold BillDate as a date,
@@ -154,11 +147,9 @@ void frmNormal::procWriteSales() { writeBills(BillKind::Sales); }
 
 // Rebuilds the grid from the store in date order, renumbered. Every statement after the connection
 // runs with errors ignored: a NULL text column leaves its cell empty and the reading goes on.
-void frmNormal::readBills(BillKind kind, bool ordered) {
+void frmNormal::readBills(BillKind kind) {
     const bool purchases = kind != BillKind::Sales;
     forms::FlexGrid* grid = purchases ? fg1 : fg2;
-    QLineEdit* box = purchases ? txtGrid1 : txtGrid2;
-    const auto ignore = [](auto&& statement) { (void)basic::resume(statement); };
 
     ConnectReturnStore();
     if (purchases) {
@@ -167,8 +158,34 @@ void frmNormal::readBills(BillKind kind, bool ordered) {
     } else {
         ignore([&] { procSetGrid2(); });
     }
-    ignore([&] { SqlText = monthFilter(tableOf(int(kind))) + (ordered ? "ORDER BY BillDate" : ""); });
+    ignore([&] { SqlText = monthFilter(tableOf(int(kind))) + "ORDER BY BillDate"; });
     ignore([&] { rsLookup.Open(SqlText, cnReturn, Recordset::adOpenDynamic); });
+    readRows(purchases ? this->purchases() : sales(),
+             purchases ? &frmNormal::procGridCreateRow : &frmNormal::procCreateGridRow, [&](int row) {
+                 ignore([&] {
+                     grid->setTextMatrix(row, 1, basic::Format(rsLookup.Fields(QStringLiteral("BillDate")).Value(),
+                                                               QStringLiteral("dd-mm-yy")));
+                 });
+                 for (int c = 2; c <= 5; ++c)
+                     ignore([&] {
+                         grid->setTextMatrix(row, c, basic::CStr(rsLookup.Fields(QString::fromLatin1(kBillColumns[c])).Value()));
+                     });
+                 for (int c = 6; c <= 9; ++c)
+                     ignore([&] {
+                         grid->setTextMatrix(row, c, basic::Format(rsLookup.Fields(QString::fromLatin1(kBillColumns[c])).Value(),
+                                                                   QStringLiteral("#0.00")));
+                     });
+                 if (purchases) {
+                     ignore([&] { txtDate->setText(basic::CStr(rsLookup.Fields(QStringLiteral("eDate")).Value())); });
+                     ignore([&] { txtPlace->setText(basic::CStr(rsLookup.Fields(QStringLiteral("Place")).Value())); });
+                 }
+             });
+}
+
+// The rows of rsLookup into the side's grid, one made by makeRow for each record and numbered, its
+// cells written by readCells; then the editor over the current cell and the side's totals.
+void frmNormal::readRows(const Side& side, void (frmNormal::*makeRow)(), const std::function<void(int row)>& readCells) {
+    forms::FlexGrid* grid = side.grid;
     bool any = false;
     ignore([&] { any = !rsLookup.Eof(); });
     if (any) {
@@ -180,48 +197,26 @@ void frmNormal::readBills(BillKind kind, bool ordered) {
         bool more = true;
         ignore([&] { more = !rsLookup.Eof(); });
         while (more) {
-            ignore([&] { procNewGridCreateRow(grid); });
+            ignore([&] { (this->*makeRow)(); });
             ++row;
             ignore([&] { grid->setTextMatrix(row, 0, QString::number(row)); });
-            const Variant date = rsLookup.Fields(QStringLiteral("BillDate")).Value();
-            ignore([&] {
-                grid->setTextMatrix(row, 1, ordered ? basic::Format(date, QStringLiteral("dd-mm-yy")) : basic::CStr(date));
-            });
-            ignore([&] { box->setText(grid->Text()); });
-            for (int c = 2; c <= 5; ++c)
-                ignore([&] {
-                    grid->setTextMatrix(row, c, basic::CStr(rsLookup.Fields(QString::fromLatin1(kBillColumns[c])).Value()));
-                });
-            for (int c = 6; c <= 9; ++c) {
-                if (c == 8 && !ordered) continue;   // the unordered read never had the cess
-                ignore([&] {
-                    grid->setTextMatrix(row, c, basic::Format(rsLookup.Fields(QString::fromLatin1(kBillColumns[c])).Value(),
-                                                              QStringLiteral("#0.00")));
-                });
-            }
-            if (purchases) {
-                ignore([&] { txtDate->setText(basic::CStr(rsLookup.Fields(QStringLiteral("eDate")).Value())); });
-                ignore([&] { txtPlace->setText(basic::CStr(rsLookup.Fields(QStringLiteral("Place")).Value())); });
-            }
+            readCells(row);
+            ignore([&] { side.box->setText(grid->Text()); });
             ignore([&] { rsLookup.MoveNext(); });
-            if (basic::resume([&] { more = !rsLookup.Eof(); }).number() != 0) more = false;
+            if (ignore([&] { more = !rsLookup.Eof(); }).number() != 0) more = false;
         }
     }
     // The editor stands over the cell the reading left current and must hold that cell's text: the next
     // move of the cursor writes the editor's text into the cell it leaves.
-    ignore([&] { moveTextBox(grid, box); });
-    ignore([&] { box->setText(grid->Text()); });
+    ignore([&] { moveTextBox(grid, side.box); });
+    ignore([&] { side.box->setText(grid->Text()); });
     ignore([&] { rsLookup.Close(); });
-    ignore([&] {
-        if (purchases) procTotalCal1();
-        else procTotalCal2();
-    });
+    ignore([&] { (this->*side.totals)(); });
 }
 
-void frmNormal::procReadPurchase() { readBills(BillKind::Local, true); }
-void frmNormal::procReadPurchaseInterState() { readBills(BillKind::InterState, true); }
-void frmNormal::procReadSales_1() { readBills(BillKind::Sales, true); }
-void frmNormal::procReadSales() { readBills(BillKind::Sales, false); }
+void frmNormal::procReadPurchase() { readBills(BillKind::Local); }
+void frmNormal::procReadPurchaseInterState() { readBills(BillKind::InterState); }
+void frmNormal::procReadSales_1() { readBills(BillKind::Sales); }
 
 // The month's summary row: deleted if there is one, then inserted new from the labels. RT12 adds the
 // sales cess at 20 % (Label52) and not the purchase cess at 12.5 %: the figure has always been so.

@@ -4,6 +4,7 @@
 #include "platform/basic/log.h"
 #include "platform/basic/variant.h"
 #include "platform/forms/event_tap.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/show_form.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
@@ -25,17 +26,9 @@ namespace returns {
 
 namespace {
 
-// Colours as the old platform numbered them, blue in the high byte.
-QColor oleColor(unsigned bgr) { return QColor(int(bgr & 0xFF), int((bgr >> 8) & 0xFF), int((bgr >> 16) & 0xFF)); }
-
 void paint(QWidget* w, unsigned back, unsigned fore) {
-    QPalette p = w->palette();
-    p.setColor(QPalette::Window, oleColor(back));
-    p.setColor(QPalette::Button, oleColor(back));
-    p.setColor(QPalette::WindowText, oleColor(fore));
-    p.setColor(QPalette::ButtonText, oleColor(fore));
-    w->setPalette(p);
-    w->setAutoFillBackground(true);
+    forms::setBackColour(w, back);
+    forms::setForeColour(w, fore);
 }
 
 using forms::EventTap;
@@ -62,7 +55,7 @@ frmSelect::frmSelect(QWidget* parent) : QWidget(parent) {
     cmdClose = new QPushButton(QStringLiteral("&Cancel"), this);
     int top = 480;
     for (QRadioButton* option : {Option1, Option2, Option3}) {
-        option->setGeometry(forms::twips(1200), forms::twips(top), forms::twips(4200), forms::twips(495));
+        forms::place(option, 1200, top, 4200, 495);
         option->setToolTip(QStringLiteral("Select and Press Enter Key"));
         paint(option, 9720116, 0x80FF80);
         top += 720;
@@ -83,7 +76,7 @@ frmSelect::frmSelect(QWidget* parent) : QWidget(parent) {
             return false;
         }));
     }
-    cmdClose->setGeometry(forms::twips(2640), forms::twips(2760), forms::twips(1335), forms::twips(375));
+    forms::place(cmdClose, 2640, 2760, 1335, 375);
     cmdClose->installEventFilter(new EventTap(this, [this](QEvent* e) {
         if (e->type() == QEvent::FocusIn) paint(cmdClose, 0xC0FFFF, 0x000000);
         else if (e->type() == QEvent::FocusOut) paint(cmdClose, 11313734, 0x000000);

@@ -8,6 +8,7 @@
 #include "platform/forms/msgbox.h"
 #include "platform/reports/crystal_report.h"
 #include "returns/frm_normal.h"
+#include "returns/log.h"
 #include "returns/module2.h"
 
 #include <QApplication>
@@ -19,8 +20,6 @@ namespace {
 
 using basic::Variant;
 using store::Recordset;
-
-const auto ignore = [](auto&& statement) { (void)basic::resume(statement); };
 
 }  // namespace
 

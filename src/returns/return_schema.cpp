@@ -5,6 +5,7 @@
 #include "platform/store/connection.h"
 #include "platform/store/database_file.h"
 #include "platform/store/errors.h"
+#include "returns/log.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -188,7 +189,7 @@ void completeTables(const QString& connection) {
             for (const QString& statement : missing) cn.Execute(statement);
             cn.CommitTrans();
         } catch (...) {
-            (void)basic::resume([&] { cn.RollbackTrans(); });
+            ignore([&] { cn.RollbackTrans(); });
             throw;
         }
     }

@@ -3,6 +3,7 @@
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/errors.h"
 #include "platform/forms/list_box.h"
+#include "shell/log.h"
 
 namespace shell {
 
@@ -14,7 +15,8 @@ std::int32_t clsService::ListBoxTypingSearch(forms::ListBox* list, const QString
         const std::int32_t found = list->FindString(text);
         list->setListIndex(found);
         return found;
-    } catch (const basic::RuntimeError&) {
+    } catch (const basic::RuntimeError& e) {
+        qCDebug(lcShell) << "ListBoxTypingSearch passed over error" << e.number() << e.description();
         return 0;
     }
 }

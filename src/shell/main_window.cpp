@@ -5,6 +5,7 @@
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
 #include "platform/forms/keys.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
@@ -14,6 +15,7 @@
 #include "platform/system/shutdown.h"
 #include "platform/system/text_editor.h"
 #include "shell/library_search_action.h"
+#include "shell/log.h"
 #include "shell/my_mod.h"
 
 #include <QApplication>
@@ -31,9 +33,7 @@ using forms::twips;
 
 constexpr int kKeySpace = 32;
 
-void place(QWidget* w, int left, int top, int width, int height) {
-    w->setGeometry(twips(left), twips(top), twips(width), twips(height));
-}
+using forms::place;
 
 struct StateNode {
     const char* key;
@@ -215,15 +215,15 @@ void main::Form_Activate() { Tvw->setVisible(true); }
 
 void main::Form_Resize() {
     forms::LockWindowUpdate(this);
-    basic::resume([&] { Frame1->move(0, Frame1->y()); });
-    basic::resume([&] {
+    ignore([&] { Frame1->move(0, Frame1->y()); });
+    ignore([&] {
         const int inside = forms::toTwips(height());
         long top = std::lround((inside - kFrameHeight) / 2.0);
         if (top < 0) top = 0;
         frameTop_ = std::int16_t(top);
         Frame1->move(0, twips(frameTop_));
     });
-    basic::resume([&] {
+    ignore([&] {
         place(ShockwaveFlash1, 2590, 0, forms::toTwips(Frame1->width()) - 2590, forms::toTwips(Picture3->y()));
     });
     forms::LockWindowUpdate(nullptr);

@@ -1,5 +1,7 @@
 #include "shell/my_mod.h"
 
+#include "shell/log.h"
+
 #include "platform/basic/app_path.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/documents/data_control.h"
@@ -158,7 +160,7 @@ bool IsQueryReturnsNullCnStr(const QString& query, const QString& connectionStri
 void PointStandbyDocument() {
     // The document window lives above this layer; it is reached by its registered name.
     QWidget* window = nullptr;
-    if (basic::resume([&] { window = forms::get(QStringLiteral("keralaforms")); }).number() != 0 || !window) return;
+    if (ignore([&] { window = forms::get(QStringLiteral("keralaforms")); }).number() != 0 || !window) return;
     if (auto* msrdc = window->findChild<documents::DataControl*>(QStringLiteral("MSRDC1"))) {
         msrdc->setConnect(strLibraryCn1);
         msrdc->setSQL(QStringLiteral(
@@ -202,7 +204,7 @@ bool IsDevelopmentRun() {
 }
 
 bool SafeSetFocus(QWidget* control) {
-    const basic::RuntimeError e = basic::resume([&] {
+    const basic::RuntimeError e = ignore([&] {
         if (!control) throw basic::RuntimeError(91, QStringLiteral("Object variable or With block variable not set"));
         control->setFocus();
     });

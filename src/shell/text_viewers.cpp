@@ -3,11 +3,13 @@
 #include "platform/basic/app_path.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/errors.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
 #include "platform/forms/window_update.h"
+#include "shell/log.h"
 #include "shell/my_mod.h"
 
 #include <QDir>
@@ -51,22 +53,22 @@ TextViewer::TextViewer(const QString& caption) {
 }
 
 void TextViewer::loadQuietly(const QString& path) {
-    basic::resume([&] { RichTextBox1->setFileName(path); });
+    ignore([&] { RichTextBox1->setFileName(path); });
 }
 
 void TextViewer::Form_Resize() {
     forms::LockWindowUpdate(this);
     const int W = forms::toTwips(width()), H = forms::toTwips(height());
-    basic::resume([&] {
+    ignore([&] {
         RichTextBox1->setGeometry(RichTextBox1->x(), twips(540), RichTextBox1->width(), twips(std::max(0, H - 540)));
     });
-    basic::resume([&] {
+    ignore([&] {
         int left = (W - forms::toTwips(RichTextBox1->width())) / 2;
         if (left < 0) left = 0;
         RichTextBox1->move(twips(left), RichTextBox1->y());
     });
-    basic::resume([&] { Picture1->move(RichTextBox1->x(), 0); });
-    basic::resume([&] {
+    ignore([&] { Picture1->move(RichTextBox1->x(), 0); });
+    ignore([&] {
         int left = forms::toTwips(RichTextBox1->x() + RichTextBox1->width()) - forms::toTwips(Picture4->width());
         if (left > W) left = W - forms::toTwips(Picture4->width());
         Picture4->move(twips(left), 0);
@@ -181,7 +183,7 @@ release::release() : SpareViewer(QString(), true) {
 namespace {
 QTextBrowser* webBrowser(QWidget* parent) {
     auto* b = new QTextBrowser(parent);
-    b->setGeometry(twips(120), twips(540), twips(kBoxWidth), twips(6900));
+    forms::place(b, 120, 540, kBoxWidth, 6900);
     return b;
 }
 }  // namespace

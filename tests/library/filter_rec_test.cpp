@@ -3,10 +3,11 @@
 
 using library::frmGlobalSections;
 
-class FilterRecTest : public LibraryWindows {
+// The list needs no library: a database of its own in a folder of the test's own.
+class FilterRecTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        LibraryWindows::SetUp();
+        ASSERT_TRUE(dir.isValid());
         cn.Create(QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + dir.filePath("t.mdb") +
                   QStringLiteral(";Uid=admin;"));
         cn.Execute(QStringLiteral("CREATE TABLE T (ID INTEGER, Amount CURRENCY, Name TEXT COLLATE NOCASE, "
@@ -20,42 +21,65 @@ protected:
             QStringLiteral("SELECT Name AS Search, ID, Amount, Name, Flag, Day, Doc FROM T ORDER BY ID"), cn));
         w->LoadGridData();
     }
+    QTemporaryDir dir;
     store::Connection cn;
     std::unique_ptr<frmGlobalSections> owned;
     frmGlobalSections* w = nullptr;   // made in SetUp, after the application
 };
 
-TEST_F(FilterRecTest, EachClassOfFieldFiltersOrAsksAgain) {
-    // filter "0": none, the list left as it was; box: its text, "" for none.
-    const QString dateBox = QStringLiteral("Not a valid date.\nPlease enter a valid date. Eg. 18-Dec-1982");
-    const struct { int column; QString typed, filter; long rows; QString box; } cases[] = {
-        {1, "2", "ID =2", 1, ""}, {1, " 3 ", "ID =3", 1, ""}, {1, "x", "0", 3, "Not a valid numeric.\nPlease enter a numeric value."},
-        {2, "10.5", "Amount =10.5", 2, ""}, {2, "ten", "0", 3, "Not a valid Currency.\nPlease enter a numeric value."},
-        {3, "state sale", "Name LIKE '*state*' AND Name LIKE '*sale*'", 2, ""},
-        {3, "  sale    state ", "Name LIKE '*sale*' AND Name LIKE '*state*'", 2, ""},
-        {3, "sale's", "Name LIKE '*sale''s*'", 1, ""}, {3, "[works]", "Name LIKE '*%works%*'", -1, ""}, {3, "   ", "0", 3, ""},
-        {4, "t", "0", 3, ""}, {4, "Tru", "0", 3, ""}, {4, "fals", "0", 3, ""}, {4, "true", "Flag =true", 2, ""},
-        {4, "FALSE", "Flag =FALSE", 1, ""},
-        {4, "x", "0", 3, "Not a valid boolean.\nPlease enter ('True' or 'False' or a numeric value)."},
-        {5, "31-Feb-1982", "0", 3, dateBox}, {5, "18-Dec-19x", "0", 3, dateBox}, {5, "Dec-19x", "0", 3, ""},
-        {5, "18-Dec-1982", "Day>=#18/Dec/1982# AND Day<#19/Dec/1982# ", 2, ""}, {6, "anything", "0", 3, ""},
-    };
-    for (const auto& c : cases) {
-        { const QSignalBlocker quiet(w->txtSearch); w->txtSearch->clear(); }
-        w->RecSet().setFilter(0);
-        w->DataGrid1->Refresh();
-        w->setSearchColumnIndex(std::int16_t(c.column));
-        forms::MsgBoxRecorder boxes;
-        w->txtSearch->setText(c.typed);
-        EXPECT_EQ(basic::CStr(w->RecSet().Filter()), c.filter) << c.typed.toStdString();
-        if (c.rows >= 0) { EXPECT_EQ(w->DataGrid1->RowCount(), c.rows) << c.typed.toStdString(); }
-        EXPECT_EQ(boxes.boxes(), (c.box.isEmpty() ? std::vector<forms::RecordedBox>{}
-                                                  : std::vector{forms::RecordedBox{c.box, 0, forms::standardTitle()}}));
-        // A box leaves the text selected, to be typed over.
-        if (!c.box.isEmpty()) { EXPECT_EQ(w->txtSearch->selectedText(), w->txtSearch->text()); }
-        EXPECT_EQ(w->cmdGO->isEnabled(), w->DataGrid1->RowCount() > 0) << c.typed.toStdString();
-    }
+// filter "0": none, the list left as it was; rows -1: not counted; box: its text, "" for none.
+struct FilterCase {
+    const char* name;
+    int column;
+    QString typed, filter;
+    long rows;
+    QString box;
+};
+
+const QString kDateBox = QStringLiteral("Not a valid date.\nPlease enter a valid date. Eg. 18-Dec-1982");
+const QString kNumericBox = QStringLiteral("Not a valid numeric.\nPlease enter a numeric value.");
+const QString kCurrencyBox = QStringLiteral("Not a valid Currency.\nPlease enter a numeric value.");
+const QString kBooleanBox = QStringLiteral("Not a valid boolean.\nPlease enter ('True' or 'False' or a numeric value).");
+
+class EachClassOfField : public FilterRecTest, public ::testing::WithParamInterface<FilterCase> {};
+
+TEST_P(EachClassOfField, FiltersOrAsksAgain) {
+    const FilterCase& c = GetParam();
+    w->setSearchColumnIndex(std::int16_t(c.column));
+    forms::MsgBoxRecorder boxes;
+    w->txtSearch->setText(c.typed);
+    EXPECT_EQ(basic::CStr(w->RecSet().Filter()), c.filter);
+    if (c.rows >= 0) { EXPECT_EQ(w->DataGrid1->RowCount(), c.rows); }
+    EXPECT_EQ(boxes.boxes(), (c.box.isEmpty() ? std::vector<forms::RecordedBox>{}
+                                              : std::vector{forms::RecordedBox{c.box, 0, forms::standardTitle()}}));
+    // A box leaves the text selected, to be typed over.
+    if (!c.box.isEmpty()) { EXPECT_EQ(w->txtSearch->selectedText(), w->txtSearch->text()); }
+    EXPECT_EQ(w->cmdGO->isEnabled(), w->DataGrid1->RowCount() > 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    FilterRec, EachClassOfField,
+    ::testing::Values(FilterCase{"Integer", 1, "2", "ID =2", 1, ""}, FilterCase{"IntegerPadded", 1, " 3 ", "ID =3", 1, ""},
+                      FilterCase{"IntegerNotANumber", 1, "x", "0", 3, kNumericBox},
+                      FilterCase{"Currency", 2, "10.5", "Amount =10.5", 2, ""},
+                      FilterCase{"CurrencyNotANumber", 2, "ten", "0", 3, kCurrencyBox},
+                      FilterCase{"TextWords", 3, "state sale", "Name LIKE '*state*' AND Name LIKE '*sale*'", 2, ""},
+                      FilterCase{"TextWordsSpaced", 3, "  sale    state ", "Name LIKE '*sale*' AND Name LIKE '*state*'", 2, ""},
+                      FilterCase{"TextApostrophe", 3, "sale's", "Name LIKE '*sale''s*'", 1, ""},
+                      FilterCase{"TextBrackets", 3, "[works]", "Name LIKE '*%works%*'", -1, ""},
+                      FilterCase{"TextBlanks", 3, "   ", "0", 3, ""},
+                      FilterCase{"BooleanOneLetter", 4, "t", "0", 3, ""},
+                      FilterCase{"BooleanHalfTrue", 4, "Tru", "0", 3, ""},
+                      FilterCase{"BooleanHalfFalse", 4, "fals", "0", 3, ""},
+                      FilterCase{"BooleanTrue", 4, "true", "Flag =true", 2, ""},
+                      FilterCase{"BooleanFalseUpper", 4, "FALSE", "Flag =FALSE", 1, ""},
+                      FilterCase{"BooleanNotABoolean", 4, "x", "0", 3, kBooleanBox},
+                      FilterCase{"DateNoSuchDay", 5, "31-Feb-1982", "0", 3, kDateBox},
+                      FilterCase{"DateBadYear", 5, "18-Dec-19x", "0", 3, kDateBox},
+                      FilterCase{"DateHalfTyped", 5, "Dec-19x", "0", 3, ""},
+                      FilterCase{"Date", 5, "18-Dec-1982", "Day>=#18/Dec/1982# AND Day<#19/Dec/1982# ", 2, ""},
+                      FilterCase{"LongBinary", 6, "anything", "0", 3, ""}),
+    [](const ::testing::TestParamInfo<FilterCase>& info) { return std::string(info.param.name); });
 
 TEST_F(FilterRecTest, ClearingShowsTheWholeListRebound) {
     w->setSearchColumnIndex(3);

@@ -18,7 +18,20 @@ Q_DECLARE_LOGGING_CATEGORY(lcSystem)     // vorlan.system
 // VORLAN_LOGGING_CATEGORY(lcReturns, "vorlan.returns")
 #define VORLAN_LOGGING_CATEGORY(name, text) Q_LOGGING_CATEGORY(name, text, QtCriticalMsg)
 
+// ignore() below, bound to a folder's category, for that folder's namespace: VORLAN_IGNORE_IN(lcReturns)
+// lets the folder write ignore([&] { statement; }).
+#define VORLAN_IGNORE_IN(category)                                                                          \
+    template <class F>                                                                                      \
+    ::basic::RuntimeError ignore(F&& statement, std::source_location where = std::source_location::current()) { \
+        return ::basic::ignore(category(), std::forward<F>(statement), where);                              \
+    }
+
 namespace basic {
+
+// What the user asked for with --log: every message of the program is also written to the file at
+// `path` (added to it), a line each with its time and category, and every vorlan category is turned on
+// unless QT_LOGGING_RULES chooses. The reason, when the file cannot be opened for writing; else empty.
+QString logToFile(const QString& path);
 
 // Logs an error that a routine goes on past: its number and text, the routine and the line.
 void logIgnored(const QLoggingCategory& category, const RuntimeError& error, const std::source_location& where);

@@ -2,19 +2,18 @@
 
 #include "platform/documents/document_view.h"
 #include "platform/documents/find_bar.h"
+#include "platform/forms/window_registry.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QVBoxLayout>
 
 namespace documents {
 
 namespace {
-// Guarded, not owned: a top-level widget has no parent and must not outlive the application object.
-QPointer<FullViewer> theViewer;
+const QString kName = QStringLiteral("FullViewer");
 }  // namespace
 
 FullViewer::FullViewer() : QWidget(nullptr, Qt::Window), view_(new DocumentView(this)) {
@@ -25,12 +24,13 @@ FullViewer::FullViewer() : QWidget(nullptr, Qt::Window), view_(new DocumentView(
     FindBar::attach(view_);
 }
 
+// The viewer is one of the program's windows: the window registry holds it, as it holds the others.
 FullViewer* FullViewer::instance() {
-    if (!theViewer) theViewer = new FullViewer();
-    return theViewer;
+    if (!forms::exists(kName)) forms::define(kName, [] { return new FullViewer(); });
+    return forms::get<FullViewer>(kName);
 }
 
-FullViewer* FullViewer::existing() { return theViewer; }
+FullViewer* FullViewer::existing() { return forms::exists(kName) ? forms::get<FullViewer>(kName) : nullptr; }
 
 void FullViewer::open(const QByteArray& bytes, const QString& linkFolder) {
     linkFolder_ = linkFolder;

@@ -6,8 +6,10 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "platform/basic/log.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/keys.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/twips.h"
 
 namespace forms {
@@ -264,8 +266,9 @@ void DataGrid::SelBookmarksRemove(int index) {
         const int row = int(rs.AbsolutePosition() - 1);
         selectionModel()->select(model_->index(row, 0),
                                  QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
-    } catch (const basic::RuntimeError&) {
+    } catch (const basic::RuntimeError& e) {
         // a row the filter hides is no longer drawn selected anyway
+        qCDebug(lcForms).noquote() << "SelBookmarksRemove passed over:" << e.description();
     }
     placeSource();
 }
@@ -289,13 +292,11 @@ void DataGrid::setForeColor(const QColor& color) {
 }
 void DataGrid::setGridFont(const QFont& f) { setFont(f); }
 
-int DataGrid::Left() const { return toTwips(x()); }
-int DataGrid::Top() const { return toTwips(y()); }
-int DataGrid::Width() const { return toTwips(width()); }
-int DataGrid::Height() const { return toTwips(height()); }
-void DataGrid::Move(int left, int top, int width, int height) {
-    setGeometry(twips(left), twips(top), std::max(0, twips(width)), std::max(0, twips(height)));
-}
+int DataGrid::Left() const { return leftOf(this); }
+int DataGrid::Top() const { return topOf(this); }
+int DataGrid::Width() const { return widthOf(this); }
+int DataGrid::Height() const { return heightOf(this); }
+void DataGrid::Move(int left, int top, int width, int height) { place(this, left, top, width, height); }
 
 void DataGrid::keyPressEvent(QKeyEvent* event) {
     emit KeyDown(keyCode(*event), shiftMask(event->modifiers()));

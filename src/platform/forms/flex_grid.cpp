@@ -2,6 +2,7 @@
 
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
+#include "platform/forms/layout.h"
 #include "platform/forms/twips.h"
 
 #include <QKeyEvent>
@@ -251,18 +252,16 @@ int FlexGrid::CellTop() const { return toTwips(viewport()->y() + cellY(row_)); }
 int FlexGrid::CellWidth() const { return toTwips(std::max(0, colPixels(col_) - 1)); }
 int FlexGrid::CellHeight() const { return toTwips(std::max(0, rowPixels(row_) - 1)); }
 
-int FlexGrid::Left() const { return toTwips(x()); }
-void FlexGrid::setLeft(int twips) { move(forms::twips(twips), y()); }
-int FlexGrid::Top() const { return toTwips(y()); }
-void FlexGrid::setTop(int twips) { move(x(), forms::twips(twips)); }
-int FlexGrid::Width() const { return toTwips(width()); }
-void FlexGrid::setWidth(int twips) { resize(forms::twips(twips), height()); }
-int FlexGrid::Height() const { return toTwips(height()); }
-void FlexGrid::setHeight(int twips) { resize(width(), forms::twips(twips)); }
+int FlexGrid::Left() const { return leftOf(this); }
+void FlexGrid::setLeft(int twips) { forms::setLeft(this, twips); }
+int FlexGrid::Top() const { return topOf(this); }
+void FlexGrid::setTop(int twips) { forms::setTop(this, twips); }
+int FlexGrid::Width() const { return widthOf(this); }
+void FlexGrid::setWidth(int twips) { forms::setWidth(this, twips); }
+int FlexGrid::Height() const { return heightOf(this); }
+void FlexGrid::setHeight(int twips) { forms::setHeight(this, twips); }
 
-void FlexGrid::Move(int left, int top, int width, int height) {
-    setGeometry(twips(left), twips(top), twips(width), twips(height));
-}
+void FlexGrid::Move(int left, int top, int width, int height) { place(this, left, top, width, height); }
 
 // ---- scrolling -------------------------------------------------------------------------------------
 

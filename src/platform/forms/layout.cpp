@@ -31,18 +31,14 @@ void setColour(QWidget* w, QPalette::ColorRole role, unsigned bgr) {
 }
 
 void setBackColour(QWidget* w, unsigned bgr) {
-    QPalette p = w->palette();
-    p.setColor(QPalette::Button, oleColor(bgr));
-    p.setColor(QPalette::Window, oleColor(bgr));
-    w->setPalette(p);
+    setColour(w, QPalette::Button, bgr);
+    setColour(w, QPalette::Window, bgr);
     w->setAutoFillBackground(true);
 }
 
 void setForeColour(QWidget* w, unsigned bgr) {
-    QPalette p = w->palette();
-    p.setColor(QPalette::WindowText, oleColor(bgr));
-    p.setColor(QPalette::ButtonText, oleColor(bgr));
-    w->setPalette(p);
+    setColour(w, QPalette::WindowText, bgr);
+    setColour(w, QPalette::ButtonText, bgr);
 }
 
 }  // namespace forms

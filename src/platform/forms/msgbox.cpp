@@ -64,6 +64,7 @@ MsgBoxRecorder::~MsgBoxRecorder() { currentRecorder = outer_; }
 
 int MsgBoxRecorder::record(const QString& text, int style, const QString& title) {
     boxes_.push_back({text, style, title});
+    if (meanwhile_) meanwhile_(boxes_.back());
     if (answers_.empty()) return firstButtonAnswer(style);
     const int answer = answers_.front();
     answers_.pop_front();

@@ -3,7 +3,9 @@
 // the answer is the number of the button pressed.
 #include <QString>
 #include <deque>
+#include <functional>
 #include <initializer_list>
+#include <utility>
 #include <vector>
 
 namespace forms {
@@ -46,6 +48,8 @@ public:
     MsgBoxRecorder& operator=(const MsgBoxRecorder&) = delete;
 
     void queueAnswer(int answer) { answers_.push_back(answer); }
+    // Runs while each box is open, before it is answered: what another program does meanwhile.
+    void whileOpen(std::function<void(const RecordedBox&)> meanwhile) { meanwhile_ = std::move(meanwhile); }
     const std::vector<RecordedBox>& boxes() const { return boxes_; }
     void clear() { boxes_.clear(); }
 
@@ -55,6 +59,7 @@ private:
 
     std::deque<int> answers_;
     std::vector<RecordedBox> boxes_;
+    std::function<void(const RecordedBox&)> meanwhile_;
     MsgBoxRecorder* outer_ = nullptr;
 };
 

@@ -8,7 +8,7 @@ namespace reports {
 
 CrystalReport::CrystalReport(QObject* parent) : QObject(parent) {}
 
-CrystalReport::~CrystalReport() { delete window_; }
+CrystalReport::~CrystalReport() = default;
 
 QString CrystalReport::DataFiles(int index) const {
     if (index < 0) throw forms::invalidArrayIndex();
@@ -30,7 +30,7 @@ void CrystalReport::setAction(int action) {
     // Both files are read before the window changes, so a failure leaves the last register showing.
     const ReportTemplate t = readTemplate(basic::NativePath(reportFileName_));
     const ReportData d = loadData(t, dataFiles_.value(0));
-    if (!window_) window_ = new PreviewWindow;
+    if (!window_) window_ = std::make_unique<PreviewWindow>();
     window_->setRegister(t, d);
     if (windowState_ == 2) window_->showMaximized();
     else if (windowState_ == 1) window_->showMinimized();

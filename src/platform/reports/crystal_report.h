@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <memory>
 
 namespace reports {
 
@@ -29,13 +30,14 @@ public:
     void setAction(int action);
 
     // The report window, made on the first run.
-    PreviewWindow* window() const { return window_; }
+    PreviewWindow* window() const { return window_.get(); }
 
 private:
     QStringList dataFiles_;
     QString reportFileName_;
     int windowState_ = 0;
-    PreviewWindow* window_ = nullptr;
+    // A window of its own, owned here: the report window goes with the control.
+    std::unique_ptr<PreviewWindow> window_;
 };
 
 }  // namespace reports

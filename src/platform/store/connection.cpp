@@ -1,5 +1,7 @@
 #include "platform/store/connection.h"
 
+#include "platform/basic/log.h"
+
 #include "platform/store/database.h"
 #include "platform/store/errors.h"
 #include "platform/store/sql_functions.h"
@@ -193,7 +195,8 @@ void Database::acquireAhead(const QString& path, const QString& key, bool readOn
     ahead()[poolKey] = std::async(std::launch::async, [path, key, readOnly]() -> std::shared_ptr<Database> {
                            try {
                                return open(path, key, false, readOnly);
-                           } catch (const basic::RuntimeError&) {
+                           } catch (const basic::RuntimeError& e) {
+                               qCDebug(lcStore).noquote() << "opening ahead passed over:" << e.description();
                                return nullptr;
                            }
                        }).share();
@@ -235,12 +238,12 @@ void Database::confirmTransaction() const {
         throw providerError(lastFailure.isEmpty() ? QStringLiteral("The transaction was rolled back.") : lastFailure);
 }
 
-Statement::Statement(Database& db, const QString& sql) : db_(db) {
+Statement::Statement(Database& db, const QString& sql, bool tried) : db_(db) {
     db.confirmTransaction();
     const QByteArray utf8 = sql.toUtf8();
     const char* tail = nullptr;
     if (sqlite3_prepare_v2(db.handle(), utf8.constData(), int(utf8.size()), &stmt_, &tail) != SQLITE_OK)
-        throw databaseError(db.handle());
+        throw tried ? providerError(QString::fromUtf8(sqlite3_errmsg(db.handle())), false) : databaseError(db.handle(), sql);
     if (!stmt_) throw providerError(QStringLiteral("Invalid SQL statement."));
     for (; tail && *tail; ++tail)
         if (*tail != ';' && !QChar::isSpace(uchar(*tail))) {
@@ -258,7 +261,7 @@ bool Statement::step() {
     const int rc = sqlite3_step(stmt_);
     if (rc == SQLITE_ROW) return true;
     if (rc == SQLITE_DONE) return false;
-    basic::RuntimeError e = databaseError(db_.handle());
+    basic::RuntimeError e = databaseError(db_.handle(), QString::fromUtf8(sqlite3_sql(stmt_)));
     db_.lastFailure = e.description();
     sqlite3_reset(stmt_);
     throw e;

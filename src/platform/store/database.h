@@ -55,7 +55,8 @@ private:
 // error), no statement is prepared: it would run on its own and be kept, out of the transaction.
 class Statement {
 public:
-    Statement(Database& db, const QString& sql);
+    // A statement the caller tries and may do without (`tried`) leaves no warning when it is refused.
+    Statement(Database& db, const QString& sql, bool tried = false);
     ~Statement();
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;

@@ -1,5 +1,6 @@
 #include "platform/store/database_file.h"
 
+#include "platform/basic/log.h"
 #include "platform/store/database.h"
 #include "platform/store/errors.h"
 #include "platform/store/sql_translation.h"
@@ -84,6 +85,7 @@ void settleJournal(const QString& path) {
         Handle old(detail::openHandle(path, QString(), SQLITE_OPEN_READWRITE));
     } catch (const basic::RuntimeError& e) {
         if (e.description() == QLatin1String(sqlite3_errstr(SQLITE_BUSY))) throw;
+        qCDebug(lcStore).noquote() << "the journal of" << path << "is dropped unplayed:" << e.description();
     }
     QFile::remove(journalOf(path));
 }
@@ -123,7 +125,8 @@ void copyDatabase(const QString& from, const QString& to, bool lasting) {
         sqlite3* opened = nullptr;
         try {
             opened = detail::openHandle(from, QString(), SQLITE_OPEN_READWRITE);
-        } catch (const basic::RuntimeError&) {
+        } catch (const basic::RuntimeError& e) {
+            qCDebug(lcStore).noquote() << from << "is read as it is:" << e.description();
             opened = detail::openHandle(from, QString(), SQLITE_OPEN_READONLY);
         }
         Handle source(opened);

@@ -1,5 +1,7 @@
 #include "platform/store/errors.h"
 
+#include "platform/basic/log.h"
+
 #include <sqlite3.h>
 
 namespace store {
@@ -40,28 +42,38 @@ basic::RuntimeError storeError(int number) {
     return basic::RuntimeError(number, text, kSource);
 }
 
-basic::RuntimeError providerError(const QString& description) {
+// Every fault of a file or a statement passes here, so this is where the log hears of it.
+basic::RuntimeError providerError(const QString& description, bool logged) {
+    if (logged) qCWarning(lcStore).noquote() << "store fault:" << description;
     return basic::RuntimeError(kProviderError, description, kSource);
 }
 
-basic::RuntimeError databaseError(sqlite3* db) {
-    return providerError(QString::fromUtf8(sqlite3_errmsg(db)));
+basic::RuntimeError databaseError(sqlite3* db, const QString& statement) {
+    const QString message = QString::fromUtf8(sqlite3_errmsg(db));
+    const char* file = sqlite3_db_filename(db, "main");
+    qCWarning(lcStore).noquote() << "store fault:" << message << "in" << QString::fromUtf8(file ? file : "")
+                                 << (statement.isEmpty() ? QString() : QStringLiteral("running ") + statement);
+    return basic::RuntimeError(kProviderError, message, kSource);
 }
 
-// The texts are SQLite's own (sqlite3_errstr of SQLITE_FULL, SQLITE_CORRUPT, SQLITE_NOTADB) and the
-// platform's "Disk full".
+// The faults are told by their texts, SQLite's own (sqlite3_errstr) and the platform's "Disk full"
+// (61) and "Permission denied" (70).
 bool isDiskFull(const basic::RuntimeError& e) {
     return e.number() == 61 || e.description() == QLatin1String(sqlite3_errstr(SQLITE_FULL));
+}
+
+bool isLocked(const basic::RuntimeError& e) {
+    return e.description() == QLatin1String(sqlite3_errstr(SQLITE_BUSY)) ||
+           e.description() == QLatin1String(sqlite3_errstr(SQLITE_LOCKED));
+}
+
+bool isReadOnly(const basic::RuntimeError& e) {
+    return e.number() == kPermissionDenied || e.description() == QLatin1String(sqlite3_errstr(SQLITE_READONLY));
 }
 
 bool isDamaged(const basic::RuntimeError& e) {
     return e.description() == QLatin1String(sqlite3_errstr(SQLITE_CORRUPT)) ||
            e.description() == QLatin1String(sqlite3_errstr(SQLITE_NOTADB));
-}
-
-bool isLocked(const basic::RuntimeError& e) {
-    return e.number() == kProviderError && (e.description() == QLatin1String(sqlite3_errstr(SQLITE_BUSY)) ||
-                                            e.description() == QLatin1String(sqlite3_errstr(SQLITE_LOCKED)));
 }
 
 }  // namespace store

@@ -20,14 +20,17 @@ inline constexpr int kPermissionDenied = 70;
 inline constexpr int kPathNotFound = 76;
 
 basic::RuntimeError storeError(int number);            // the platform's text for the numbers above
-basic::RuntimeError providerError(const QString& description);
-basic::RuntimeError databaseError(sqlite3* db);        // the database's own message
+basic::RuntimeError providerError(const QString& description, bool logged = true);
+// The database's own message; `statement` is what was running, for the log.
+basic::RuntimeError databaseError(sqlite3* db, const QString& statement = QString());
 
 // The disk or the drive was full: the database said so, or a file could not be written for want of space.
 bool isDiskFull(const basic::RuntimeError& e);
+// Another connection held the file past the busy wait.
+bool isLocked(const basic::RuntimeError& e);
+// The file or its folder may not be written.
+bool isReadOnly(const basic::RuntimeError& e);
 // The file is not a database, or its pages do not hold together.
 bool isDamaged(const basic::RuntimeError& e);
-// Another program held the file locked for longer than the busy wait.
-bool isLocked(const basic::RuntimeError& e);
 
 }  // namespace store

@@ -1,5 +1,7 @@
 #include "platform/system/register_server.h"
 
+#include "platform/basic/log.h"
+
 #include <dlfcn.h>
 
 #include <chrono>
@@ -45,7 +47,8 @@ std::int32_t RegisterServerFile(const QString& path, int mode, int timeoutMs) {
             run->done = true;
             run->ended.notify_all();
         });
-    } catch (const std::system_error&) {
+    } catch (const std::system_error& e) {
+        qCDebug(lcSystem) << "no thread for the component's entry:" << e.what();
         return 0;
     }
 

@@ -8,13 +8,37 @@
 
 namespace {
 
-// To pixels rounds to the nearest pixel; back to twips is exact.
-TEST(Twips, ToPixelsAndBack) {
-    const std::pair<int, int> cases[] = {{0, 0},     {15, 1},     {7, 0},      {8, 1},       {22, 1},   {23, 2},
-                                         {750, 50},  {1740, 116}, {2590, 173}, {13650, 910}, {-15, -1}, {-8, -1}};
-    for (const auto& [twips, pixels] : cases) EXPECT_EQ(forms::twips(twips), pixels) << twips;
-    for (const auto& [pixels, twips] : {std::pair{0, 0}, {1, 15}, {116, 1740}, {-2, -30}}) EXPECT_EQ(forms::toTwips(pixels), twips);
-}
+struct Conversion {
+    const char* name;
+    int from, to;
+};
+
+std::string conversionName(const ::testing::TestParamInfo<Conversion>& info) { return info.param.name; }
+
+// To pixels rounds to the nearest pixel, halves away from zero.
+class TwipsToPixels : public ::testing::TestWithParam<Conversion> {};
+
+TEST_P(TwipsToPixels, RoundToTheNearestPixel) { EXPECT_EQ(forms::twips(GetParam().from), GetParam().to); }
+
+INSTANTIATE_TEST_SUITE_P(Twips, TwipsToPixels,
+                         ::testing::Values(Conversion{"Zero", 0, 0}, Conversion{"OnePixel", 15, 1},
+                                           Conversion{"JustUnderHalfDown", 7, 0}, Conversion{"JustOverHalfUp", 8, 1},
+                                           Conversion{"OnePixelAndAHalfLess", 22, 1},
+                                           Conversion{"OnePixelAndAHalfMore", 23, 2}, Conversion{"ToolbarHeight", 750, 50},
+                                           Conversion{"FrameTop", 1740, 116}, Conversion{"BannerLeft", 2590, 173},
+                                           Conversion{"WindowWidth", 13650, 910}, Conversion{"MinusOnePixel", -15, -1},
+                                           Conversion{"MinusHalfAwayFromZero", -8, -1}),
+                         conversionName);
+
+// Back to twips is exact.
+class PixelsToTwips : public ::testing::TestWithParam<Conversion> {};
+
+TEST_P(PixelsToTwips, AreExact) { EXPECT_EQ(forms::toTwips(GetParam().from), GetParam().to); }
+
+INSTANTIATE_TEST_SUITE_P(Twips, PixelsToTwips,
+                         ::testing::Values(Conversion{"Zero", 0, 0}, Conversion{"OnePixel", 1, 15},
+                                           Conversion{"FrameTop", 116, 1740}, Conversion{"Negative", -2, -30}),
+                         conversionName);
 
 TEST(LockWindowUpdate, HoldsOneWindowUntilReleased) {
     QWidget first, second;

@@ -1,0 +1,3 @@
+#include "housekeeping/log.h"
+
+VORLAN_LOGGING_CATEGORY(lcHousekeeping, "vorlan.housekeeping")

@@ -1,0 +1,10 @@
+#pragma once
+// This folder's logging category, vorlan.housekeeping, and its ignore(): a statement whose error the
+// routine goes on past leaves a debug line there.
+#include "platform/basic/log.h"
+
+Q_DECLARE_LOGGING_CATEGORY(lcHousekeeping)
+
+namespace housekeeping {
+VORLAN_IGNORE_IN(lcHousekeeping)
+}

@@ -1,0 +1,3 @@
+#include "library/log.h"
+
+VORLAN_LOGGING_CATEGORY(lcLibrary, "vorlan.library")

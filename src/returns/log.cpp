@@ -1,0 +1,3 @@
+#include "returns/log.h"
+
+VORLAN_LOGGING_CATEGORY(lcReturns, "vorlan.returns")

@@ -1,0 +1,10 @@
+#pragma once
+// This folder's logging category, vorlan.returns, and its ignore(): a statement whose error the
+// routine goes on past leaves a debug line there.
+#include "platform/basic/log.h"
+
+Q_DECLARE_LOGGING_CATEGORY(lcReturns)
+
+namespace returns {
+VORLAN_IGNORE_IN(lcReturns)
+}

@@ -1,0 +1,3 @@
+#include "shell/log.h"
+
+VORLAN_LOGGING_CATEGORY(lcShell, "vorlan.shell")
