@@ -1,7 +1,6 @@
 #include "returns/frm_select.h"
 
 #include "platform/basic/clock.h"
-#include "platform/basic/log.h"
 #include "platform/basic/variant.h"
 #include "platform/forms/event_tap.h"
 #include "platform/forms/layout.h"
@@ -9,9 +8,9 @@
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
-#include "platform/forms/layout.h"
 #include "returns/book_chooser.h"
 #include "returns/frm_normal.h"
+#include "returns/log.h"
 #include "returns/module2.h"
 #include "returns/practice_copy.h"
 #include "returns/return_books.h"
@@ -101,7 +100,7 @@ void frmSelect::Form_Load() {
     // The last book used opens by itself.
     if (HasPractice() && !BookIsOpen()) {
         bookTrouble_.clear();
-        basic::ignore(lcBooks(), [&] {
+        ignore([&] {
             if (const std::optional<BookKey> last = LastBook(Register())) bookTrouble_ = OpenBook(BookOf(Register(), *last));
         });
     }

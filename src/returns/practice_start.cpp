@@ -2,12 +2,12 @@
 
 #include "platform/basic/app_path.h"
 #include "platform/basic/clock.h"
-#include "platform/basic/log.h"
 #include "platform/basic/variant.h"
 #include "platform/forms/msgbox.h"
 #include "platform/store/database_file.h"
 #include "platform/store/errors.h"
 #include "platform/store/recordset.h"
+#include "returns/log.h"
 #include "returns/return_books.h"
 #include "returns/return_schema.h"
 
@@ -38,7 +38,7 @@ int LastFinancialYear(const QString& returnFile) {
     cn.setMode(store::Connection::adModeRead);
     cn.Open(QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + returnFile);
     for (const char* table : {"tblPurchase1", "tblPurchaseInterState1", "tblSales"}) {
-        basic::ignore(lcBooks(), [&] {
+        ignore([&] {
             store::Recordset rs;
             rs.Open(QStringLiteral("SELECT Max(BillDate) FROM ") + QLatin1String(table), cn);
             const basic::Variant v = rs.Fields(0).Value();

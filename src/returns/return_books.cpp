@@ -2,10 +2,10 @@
 
 #include "platform/basic/app_path.h"
 #include "platform/basic/clock.h"
-#include "platform/basic/log.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/store/connection.h"
 #include "platform/store/errors.h"
+#include "returns/log.h"
 #include "returns/module2.h"
 #include "returns/return_schema.h"
 
@@ -15,8 +15,6 @@
 #include <QLockFile>
 #include <QSettings>
 #include <memory>
-
-VORLAN_LOGGING_CATEGORY(lcBooks, "vorlan.returns.books")
 
 namespace returns {
 
@@ -252,13 +250,13 @@ void NameBook(DealerRegister& reg, int firstYear, const Dealer& dealer) {
     finishNaming(reg, named);
     if (wasOpen) {
         const QString failed = OpenBook(BookOf(dealer, firstYear));
-        if (!failed.isEmpty()) qCWarning(lcBooks) << failed;
+        if (!failed.isEmpty()) qCWarning(lcReturns) << failed;
     }
 }
 
 void FinishNamings(DealerRegister& reg) {
     for (const BookKey& named : reg.Namings())
-        basic::ignore(lcBooks(), [&] { finishNaming(reg, named); });
+        ignore([&] { finishNaming(reg, named); });
 }
 
 QString RemoveDealer(DealerRegister& reg, const QString& tin) {

@@ -6,11 +6,7 @@
 #include "returns/dealer_register.h"
 #include "returns/return_book.h"
 
-#include <QLoggingCategory>
 #include <QString>
-
-// What the books' code goes on past: vorlan.returns.books.
-Q_DECLARE_LOGGING_CATEGORY(lcBooks)
 
 namespace returns {
 
