@@ -91,6 +91,9 @@ TEST_P(KeptApart, JanuaryOfEachBookReadsBackAfterRestart) {
     EXPECT_EQ(w->fg1->TextMatrix(1, 2), QStringLiteral("Party of %1").arg(c.name));
     EXPECT_EQ(w->fg1->TextMatrix(1, 6), QStringLiteral("%1.00").arg(c.year));
     EXPECT_EQ(w->lblCustomerName->text(), b.dealerName);
+    EXPECT_EQ(w->lblBook->text(), QStringLiteral("TIN %1, %2").arg(c.tin, b.yearText()));
+    EXPECT_EQ(w->windowTitle(), QStringLiteral("             Form No. 52  -  %1, TIN %2, %3").arg(b.dealerName, c.tin, b.yearText()));
+    EXPECT_EQ(w->txtPlace->text(), b.place);   // the Place the month was added with: the dealer's
     // The registers print from the staging tables: they name the dealer.
     for (const char* table : {"tblPurchase1", "tblRptPurchase1", "tblRptPurchaseC", "tblCommon"})
         EXPECT_EQ(query(file(b), QStringLiteral("SELECT DISTINCT cCode || '|' || cAddress FROM ") + table),
