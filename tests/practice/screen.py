@@ -20,6 +20,8 @@ def png(path, width, height, rows):
 
 pixels, width, height, bpp, stride = read_xwd(sys.argv[1])
 x, y, w, h = (int(v) for v in sys.argv[3:7]) if len(sys.argv) >= 7 else (0, 0, width, height)
+x, y = max(x, 0), max(y, 0)
+w, h = min(w, width - x), min(h, height - y)   # a window may reach past the screen's edge
 assert bpp == 32, bpp
 rows = []
 for r in range(y, y + h):
