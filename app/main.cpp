@@ -5,14 +5,13 @@
 #include "platform/forms/fonts.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/window_registry.h"
-#include "platform/store/connection.h"
 #include "returns/return_schema.h"
+#include "shell/library_start.h"
 #include "shell/my_mod.h"
 #include "windows.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QEvent>
 #include <cstdio>
 #include <cstring>
@@ -89,18 +88,8 @@ int main(int argc, char** argv) {
     try {
         shell::InitLibraryStore();
     } catch (const basic::RuntimeError& e) {
-        // Without its library the program cannot work: say which file and stop, touching nothing.
-        QString file;
-        for (int i = 1; i <= 3 && file.isEmpty(); ++i) {
-            const QString cs = shell::libraryConnectionString(basic::AppPath(), i);
-            store::Connection probe;
-            probe.setConnectionString(cs);
-            if (basic::resume([&] { probe.Open(); }).number() != 0) file = store::databasePath(cs);
-        }
-        const QString text = QStringLiteral("Vorlan cannot open its library file\n") + file +
-                             QStringLiteral("\n\n") + e.description() +
-                             QStringLiteral("\n\nThe file is missing or is not a Vorlan library file. "
-                                            "Reinstall the library and start again.");
+        // Without its library the program cannot work: say which file and where, and stop, touching nothing.
+        const QString text = shell::LibraryStartFault(basic::AppPath(), e.description());
         std::fprintf(stderr, "%s\n", qPrintable(text));
         forms::MsgBox(text, forms::vbCritical, QStringLiteral("Vorlan"));
         return 1;
