@@ -8,6 +8,7 @@
 #include "returns/return_schema.h"
 #include "shell/library_start.h"
 #include "shell/my_mod.h"
+#include "graphical_session.h"
 #include "windows.h"
 
 #include <QApplication>
@@ -16,6 +17,7 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -80,7 +82,9 @@ int main(int argc, char** argv) {
     basic::UseFolders(shell::LibraryFileNames());
     // The library files' keys are derived on threads while Qt starts; InitLibraryStore finds them open.
     shell::OpenLibraryAhead();
+    auto sessionCheck = std::make_unique<app::GraphicalSessionCheck>();
     QApplication application(argc, argv);
+    sessionCheck.reset();
 
     const bool timing = qEnvironmentVariableIsSet("VORLAN_TIMING");
     if (timing) std::fprintf(stderr, "application made after %lld ms\n", started.elapsed());
