@@ -2,6 +2,7 @@
 #include "platform/basic/app_path.h"
 #include "platform/basic/folders.h"
 #include "platform/basic/runtime_error.h"
+#include "platform/forms/colour_scheme.h"
 #include "platform/forms/fonts.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/window_registry.h"
@@ -85,6 +86,7 @@ int main(int argc, char** argv) {
     auto sessionCheck = std::make_unique<app::GraphicalSessionCheck>();
     QApplication application(argc, argv);
     sessionCheck.reset();
+    forms::FollowDesktopScheme();
 
     const bool timing = qEnvironmentVariableIsSet("VORLAN_TIMING");
     if (timing) std::fprintf(stderr, "application made after %lld ms\n", started.elapsed());

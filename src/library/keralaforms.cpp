@@ -8,6 +8,7 @@
 #include <QToolButton>
 #include <cmath>
 
+#include "library/document_reader.h"
 #include "platform/documents/find_bar.h"
 #include "platform/forms/errors.h"
 #include "platform/forms/msgbox.h"
@@ -57,6 +58,7 @@ keralaforms::keralaforms()
     OLE1->setDataSource(MSRDC1);
     OLE1->setGeometry(px(2498), px(360), px(10245), px(10290));
     documents::FindBar::attach(OLE1);
+    attachReader(this);
     cmdCancelNonVisible->setGeometry(0, 0, px(15), px(135));
     cmdCancelNonVisible->setFocusPolicy(Qt::NoFocus);
     resize(px(15240), px(8595));

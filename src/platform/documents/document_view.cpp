@@ -42,6 +42,7 @@ void DocumentView::setDocument(const QByteArray& bytes) {
     kind_ = kindOf(bytes);
     switch (kind_) {
     case Kind::None:
+        emit documentShown();
         return;
     case Kind::Rtf: {
         // Read into a document that no editor lays out yet, then hand it over whole: a layout that
@@ -66,10 +67,12 @@ void DocumentView::setDocument(const QByteArray& bytes) {
         pdfBytes_->open(QIODevice::ReadOnly);
         pdfDocument_->load(pdfBytes_);
         stack_->setCurrentWidget(pdf_);
+        emit documentShown();
         return;
     }
     text_->moveCursor(QTextCursor::Start);
     stack_->setCurrentWidget(text_);
+    emit documentShown();
 }
 
 void DocumentView::clear() {

@@ -39,6 +39,8 @@ public:
 signals:
     // A link of an HTML or RTF document was clicked; `target` is its address as written.
     void linkActivated(const QString& target);
+    // setDocument has put a document in the view (or cleared it, for empty bytes).
+    void documentShown();
 
 private:
     QStackedLayout* stack_;

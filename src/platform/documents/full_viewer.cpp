@@ -2,6 +2,7 @@
 
 #include "platform/documents/document_view.h"
 #include "platform/documents/find_bar.h"
+#include "platform/documents/reader_tools.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,6 +24,7 @@ FullViewer::FullViewer() : QWidget(nullptr, Qt::Window), view_(new DocumentView(
     layout->addWidget(view_);
     connect(view_, &DocumentView::linkActivated, this, &FullViewer::followLink);
     FindBar::attach(view_);
+    ReaderTools::attach(view_);
 }
 
 FullViewer* FullViewer::instance() {
