@@ -301,6 +301,7 @@ void DocumentPrinter::saveToPdf(bool selectionOnly) {
     QString folder = settings->value(kFolderKey).toString();
     if (folder.isEmpty() || !QDir(folder).exists())
         folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QDir(folder).exists()) folder = QDir::homePath();
     const QString path = askPdfFile(view_->window(), QDir(folder).filePath(pdfFileName(head)));
     if (path.isEmpty()) return;
     QString fault;

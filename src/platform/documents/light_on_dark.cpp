@@ -2,9 +2,9 @@
 
 #include "platform/documents/document_view.h"
 #include "platform/documents/reader_settings.h"
+#include "platform/forms/colour_scheme.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -25,11 +25,7 @@ LightOnDark& LightOnDark::shared() {
     return *one;
 }
 
-LightOnDark::LightOnDark() {
-    const QPalette palette = QApplication::palette();
-    const bool darkDesktop = palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-    on_ = readerSettings()->value(kKey, darkDesktop).toBool();
-}
+LightOnDark::LightOnDark() { on_ = readerSettings()->value(kKey, forms::DesktopIsDark()).toBool(); }
 
 void LightOnDark::setOn(bool on) {
     if (on == on_) return;
@@ -54,7 +50,8 @@ void InvertingLayer::paintEvent(QPaintEvent* event) {
 }
 
 bool InvertingLayer::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::Move) {
+    // A viewport laid out while it is being shown gets no resize event of its own: its showing is watched too.
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move || event->type() == QEvent::Show) {
         setGeometry(area_->viewport()->geometry());
         raise();
     }
@@ -68,12 +65,14 @@ ViewDarkness::ViewDarkness(DocumentView* view)
       toggle(new QAction(QStringLiteral("Light on dark"), view)),
       overText_(new InvertingLayer(view->textBrowser())),
       overPdf_(new InvertingLayer(view->pdfView())) {
-    QPalette paper = view->textBrowser()->palette();
+    // The paper on the viewport alone: the scroll bars keep the window's colours.
+    QPalette paper, ink;  // no role of their own but the one set
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         paper.setColor(group, QPalette::Base, Qt::white);
-        paper.setColor(group, QPalette::Text, Qt::black);
+        ink.setColor(group, QPalette::Text, Qt::black);
     }
-    view->textBrowser()->setPalette(paper);
+    view->textBrowser()->setPalette(ink);
+    view->textBrowser()->viewport()->setPalette(paper);
     toggle->setCheckable(true);
     toggle->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_L));
     toggle->setShortcutContext(Qt::WindowShortcut);

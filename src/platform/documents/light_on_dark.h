@@ -2,7 +2,7 @@
 // Light on dark: a document view can show its document as light ink on a dark ground; one choice for every
 // view of the program, remembered, Ctrl+Shift+L in the view's window. The view's pixels are inverted as they
 // are drawn, so every colour a document names keeps its contrast, and the document and its print stay as
-// they are. Until the reader chooses, it follows the program's palette: a dark desktop reads dark.
+// they are. Until the reader chooses, it follows the desktop: a dark desktop reads dark.
 //
 // Off, a text document is ink on paper whatever the desktop's palette: a document is read as printed.
 #include <QObject>

@@ -194,7 +194,8 @@ void PdfMarks::paintEvent(QPaintEvent* event) {
 }
 
 bool PdfMarks::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::Move) setGeometry(pdf_->viewport()->geometry());
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move || event->type() == QEvent::Show)
+        setGeometry(pdf_->viewport()->geometry());
     return QWidget::eventFilter(watched, event);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // Where the reader's choices are remembered (the zoom, light on dark, the folder a PDF was last saved in):
-// the user's settings file of the program, ~/.config/Vorlan/Vorlan.conf. Tests point QSettings' user
+// the user's settings file of the program, ~/.config/Vorlan/Vorlan.ini. Tests point QSettings' user
 // scope at a folder of their own.
 #include <QSettings>
 #include <memory>

@@ -7,7 +7,9 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStyle>
+#include <QWidget>
 
 namespace forms {
 
@@ -29,16 +31,72 @@ DesktopScheme schemeOf(QVariant value) {
     return preference == 1 ? DesktopScheme::Dark : preference == 2 ? DesktopScheme::Light : DesktopScheme::Unknown;
 }
 
-// Qt's own palette, before this file changed anything.
-QPalette& qtPalette() {
-    static QPalette palette = QApplication::palette();
-    return palette;
+bool darkWanted = false;
+
+// The palette a widget gets from its parent, or the program's for a window.
+QPalette inheritedPalette(const QWidget* w) {
+    return w->parentWidget() && !w->isWindow() ? w->parentWidget()->palette() : QApplication::palette();
 }
 
+// The design fixes a light ground by a colour of the widget's own palette or by its style sheet.
+bool fixesLightGround(const QWidget* w) {
+    if (w->testAttribute(Qt::WA_SetPalette)) {
+        const QPalette own = w->palette(), inherited = inheritedPalette(w);
+        for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base, QPalette::Button})
+            if (own.color(ground) != inherited.color(ground) && own.color(ground).lightness() > 128) return true;
+    }
+    static const QRegularExpression background(QStringLiteral(R"(background(?:-color)?\s*:\s*([#\w]+))"));
+    for (auto m = background.globalMatch(w->styleSheet()); m.hasNext();) {
+        const QColor colour = QColor::fromString(m.next().captured(1));
+        if (colour.isValid() && colour.lightness() > 128) return true;
+    }
+    return false;
+}
+
+// A window whose design fixes a light ground anywhere is left in Qt's light palette as a whole: light text
+// on a ground designed light would not be read. Controls under a style sheet take the program's palette,
+// so the program's stays light and each other window is darkened on its own.
+bool designedLight(const QWidget* window) {
+    if (fixesLightGround(window)) return true;
+    for (const QWidget* w : window->findChildren<QWidget*>())
+        if (!w->isWindow() && fixesLightGround(w)) return true;
+    return false;
+}
+
+const char* const kDarkened = "vorlanDarkened";
+
+void follow(QWidget* window) {
+    const bool darkened = window->property(kDarkened).toBool();
+    if (darkWanted && !darkened && !designedLight(window)) {
+        window->setPalette(darkPalette());
+        window->setProperty(kDarkened, true);
+    } else if (!darkWanted && darkened) {
+        window->setPalette(QPalette());
+        window->setProperty(kDarkened, false);
+    }
+}
+
+class WindowsFollow : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (darkWanted && event->type() == QEvent::Polish && watched->isWidgetType() &&
+            static_cast<QWidget*>(watched)->isWindow())
+            follow(static_cast<QWidget*>(watched));
+        return false;
+    }
+};
+
 void apply(DesktopScheme portal) {
-    const bool dark = wantsDarkPalette(isDark(qtPalette()), portal, qEnvironmentVariable("GTK_THEME"));
-    if (dark == isDark(QApplication::palette())) return;
-    QApplication::setPalette(dark ? darkPalette() : qtPalette());
+    const bool dark = wantsDarkPalette(isDark(QApplication::palette()), portal, qEnvironmentVariable("GTK_THEME"));
+    // A palette Qt made dark is the program's already.
+    if (isDark(QApplication::palette()) || dark == darkWanted) return;
+    darkWanted = dark;
+    static const bool watching = [] {
+        qApp->installEventFilter(new WindowsFollow);
+        return true;
+    }();
+    Q_UNUSED(watching);
+    for (QWidget* window : QApplication::topLevelWidgets()) follow(window);
 }
 
 class PortalWatch : public QObject {
@@ -97,8 +155,9 @@ QPalette darkPalette() {
     return p;
 }
 
+bool DesktopIsDark() { return darkWanted || isDark(QApplication::palette()); }
+
 void FollowDesktopScheme() {
-    qtPalette();
     apply(DesktopScheme::Unknown);
     if (!sessionBusKnown()) return;
     QDBusConnection bus = QDBusConnection::sessionBus();

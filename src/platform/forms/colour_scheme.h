@@ -2,8 +2,8 @@
 // The desktop's colour scheme. Qt's palette is the program's; but on most Linux desktops Qt 6.4 reads no
 // colours of the desktop and stays light when the desktop is dark. So the desktop is asked as well: its
 // settings portal (org.freedesktop.appearance color-scheme), answered without waiting and followed as it
-// changes, and a GTK_THEME that names a dark theme. Asked for dark, the program takes a dark palette; the
-// colours the windows fix on their own controls stay as they are.
+// changes, and a GTK_THEME that names a dark theme. Asked for dark, every window takes a dark palette but
+// one whose design fixes a light colour somewhere: that window keeps its look as a whole.
 #include <QPalette>
 #include <QString>
 
@@ -19,5 +19,7 @@ QPalette darkPalette();
 
 // Applies the rule now and whenever the desktop's scheme changes. Needs the application object.
 void FollowDesktopScheme();
+// Whether the program's windows are dark now: Qt's palette is, or the desktop asked for it.
+bool DesktopIsDark();
 
 }  // namespace forms

@@ -4,6 +4,8 @@
 #include "reader_fixture.h"
 
 #include <QApplication>
+#include <QPdfView>
+#include <QTextBrowser>
 #include <algorithm>
 
 namespace documents {
@@ -12,6 +14,7 @@ namespace {
 struct Shown {
     const char* name;
     QByteArray bytes;
+    bool whileHidden;  // put in the view before its window shows, as the document window does
 };
 void PrintTo(const Shown& s, std::ostream* os) { *os << s.name; }
 
@@ -36,7 +39,10 @@ TEST_P(LightOnDarkView, TurnsPaperDarkAndInkLightAndBack) {
     dark.setColor(QPalette::Base, Qt::black);
     dark.setColor(QPalette::Text, Qt::white);
     QApplication::setPalette(dark);
+    if (GetParam().whileHidden) window.hide();
     show(GetParam().bytes);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     for (const bool on : {false, true, false}) {
         if (on != LightOnDark::shared().on()) QTest::keyClick(view->window(), Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);
         QApplication::processEvents();
@@ -45,6 +51,12 @@ TEST_P(LightOnDarkView, TurnsPaperDarkAndInkLightAndBack) {
         EXPECT_EQ(stored(QStringLiteral("reader/lightOnDark")).toBool(), on);
         if (on) {
             EXPECT_LT(paper, 60) << "on";
+            // To the right edge of the text: the layer follows the viewport as its scroll bar comes and goes.
+            QAbstractScrollArea* area = view->kind() == Kind::Pdf ? static_cast<QAbstractScrollArea*>(view->pdfView())
+                                                                   : view->textBrowser();
+            const QImage edge = area->grab().toImage();
+            const QRect viewport = area->viewport()->geometry();
+            EXPECT_LT(qGray(edge.pixel(viewport.right() - 1, viewport.bottom() - 1)), 110) << "the corner of the text";
             EXPECT_GT(ink, 150) << "on";
         } else {
             EXPECT_GT(paper, 230) << "off";
@@ -56,9 +68,11 @@ TEST_P(LightOnDarkView, TurnsPaperDarkAndInkLightAndBack) {
 
 INSTANTIATE_TEST_SUITE_P(
     Kinds, LightOnDarkView,
-    ::testing::Values(Shown{"Rtf", "{\\rtf1\\ansi\\fs40 Input tax credit\\par}"},
-                      Shown{"HtmlInColour", "<html><body><p style='color:#000080;font-size:30px'>Input tax credit</p></body></html>"},
-                      Shown{"Pdf", pdfOfLines({QStringLiteral("Input tax credit")})}),
+    ::testing::Values(Shown{"Rtf", "{\\rtf1\\ansi\\fs40 Input tax credit\\par}", false},
+                      Shown{"RtfBeforeTheWindowShows", "{\\rtf1\\ansi\\fs40 Input tax credit\\par}", true},
+                      Shown{"HtmlInColour",
+                            "<html><body><p style='color:#000080;font-size:30px'>Input tax credit</p></body></html>", false},
+                      Shown{"Pdf", pdfOfLines({QStringLiteral("Input tax credit")}), false}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
