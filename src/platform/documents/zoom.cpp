@@ -5,6 +5,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QPdfDocument>
 #include <QPdfView>
@@ -20,6 +21,17 @@ namespace documents {
 namespace {
 const QString kKey = QStringLiteral("reader/zoom");
 constexpr double kMetresPerInch = 0.0254;
+
+// The layout told that its whole document is new, as when a document is first shown: it lays out what is in
+// sight at once and the rest in steps between events. Told only that the text changed, it would lay out
+// the whole document again before the next frame.
+struct Relayout : QAbstractTextDocumentLayout {
+    using QAbstractTextDocumentLayout::documentChanged;
+};
+void layOutAfresh(QTextDocument* document) {
+    auto changed = &Relayout::documentChanged;
+    (document->documentLayout()->*changed)(0, 0, document->characterCount());
+}
 }  // namespace
 
 Zoom& Zoom::shared() {
@@ -28,6 +40,12 @@ Zoom& Zoom::shared() {
 }
 
 Zoom::Zoom() {
+    // Written a moment after the last step, not at each: a settings file written per key costs a frame.
+    save_.setSingleShot(true);
+    save_.setInterval(400);
+    connect(&save_, &QTimer::timeout, this, [this] { readerSettings()->setValue(kKey, percent_); });
+    if (QCoreApplication::instance())
+        connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &Zoom::save);
     const int stored = readerSettings()->value(kKey, 100).toInt();
     int nearest = 100;
     for (int step : steps())
@@ -46,8 +64,14 @@ void Zoom::setPercent(int percent) {
         if (std::abs(step - percent) < std::abs(nearest - percent)) nearest = step;
     if (nearest == percent_) return;
     percent_ = nearest;
-    readerSettings()->setValue(kKey, percent_);
+    save_.start();
     emit changed(percent_);
+}
+
+void Zoom::save() {
+    if (!save_.isActive()) return;
+    save_.stop();
+    readerSettings()->setValue(kKey, percent_);
 }
 
 void Zoom::stepIn() {
@@ -75,14 +99,14 @@ ViewZoom::ViewZoom(DocumentView* view) : QObject(view), view_(view), resolution_
                     &Zoom::stepIn);
     zoomOut = action(QStringLiteral("Zoom out"), {QKeySequence(Qt::CTRL | Qt::Key_Minus)}, &Zoom::stepOut);
     actualSize = action(QStringLiteral("Actual size"), {QKeySequence(Qt::CTRL | Qt::Key_0)}, &Zoom::reset);
-    connect(&Zoom::shared(), &Zoom::changed, this, &ViewZoom::apply);
-    connect(view, &DocumentView::documentShown, this, &ViewZoom::apply);
+    connect(&Zoom::shared(), &Zoom::changed, this, [this] { apply(true); });
+    connect(view, &DocumentView::documentShown, this, [this] { apply(false); });
     view->textBrowser()->viewport()->installEventFilter(this);
     view->pdfView()->viewport()->installEventFilter(this);
-    apply();
+    apply(false);
 }
 
-void ViewZoom::apply() {
+void ViewZoom::apply(bool keepPlace) {
     if (view_->kind() == Kind::Pdf) return applyToPdf();
     QTextBrowser* text = view_->textBrowser();
     QTextDocument* document = text->document();
@@ -91,17 +115,26 @@ void ViewZoom::apply() {
     const int perMetre = int(text->viewport()->logicalDpiY() * percent / 100.0 / kMetresPerInch + 0.5);
     const bool ours = layout->paintDevice() == &resolution_;
     if (ours ? resolution_.dotsPerMeterY() == perMetre && laidOut_ == document : percent == 100) return;
-    // The place read stays at the top: the text under the view's top edge before is there after.
-    const int top = laidOut_ == document ? text->cursorForPosition(QPoint(0, 0)).position() : 0;
+    // The place read stays at the top: the line under the view's top edge before is there after, as much
+    // of it hidden above the edge as before.
+    // A document just shown starts at its top; the view's scroll bar may still tell the last one's place.
+    // At the top itself there is no place to keep (and a point in the top margin finds no text).
+    const bool scrolled = keepPlace && text->verticalScrollBar()->value() > 0;
+    QTextCursor at = scrolled ? text->cursorForPosition(QPoint(0, 0)) : QTextCursor(document);
+    const QRect before = text->cursorRect(at);
     resolution_.setDotsPerMeterX(perMetre);
     resolution_.setDotsPerMeterY(perMetre);
     layout->setPaintDevice(&resolution_);
-    document->markContentsDirty(0, document->characterCount());
+    layOutAfresh(document);
     laidOut_ = document;
-    if (top > 0) {
-        QTextCursor at(document);
-        at.setPosition(top);
-        text->verticalScrollBar()->setValue(text->verticalScrollBar()->value() + text->cursorRect(at).top());
+    if (at.position() > 0) {
+        // Asking where the place is lays the text out to it; the scroll bar learns the new length later.
+        QScrollBar* bar = text->verticalScrollBar();
+        const QRect after = text->cursorRect(at);
+        const int hidden = before.height() > 0 ? before.top() * after.height() / before.height() : 0;
+        const int wanted = bar->value() + after.top() - hidden;
+        if (wanted > bar->maximum()) bar->setMaximum(wanted);
+        bar->setValue(wanted);
     }
 }
 

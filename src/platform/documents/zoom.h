@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QTextDocument>
+#include <QTimer>
 #include <vector>
 
 class QAction;
@@ -28,6 +29,8 @@ public:
     void stepIn();
     void stepOut();
     void reset() { setPercent(100); }
+    // Writes a step not yet saved now, as the program ends.
+    void save();
 
 signals:
     void changed(int percent);
@@ -35,6 +38,7 @@ signals:
 private:
     Zoom();
     int percent_ = 100;
+    QTimer save_;
 };
 
 // One view kept at the shared zoom, with its keys and the wheel.
@@ -49,7 +53,7 @@ protected:
 
 private:
     explicit ViewZoom(DocumentView* view);
-    void apply();
+    void apply(bool keepPlace);
     void applyToPdf();
     DocumentView* view_;
     QImage resolution_;         // the paint device the text's layout is made for

@@ -6,6 +6,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QPdfView>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QWheelEvent>
@@ -44,6 +45,7 @@ TEST_P(ZoomKeys, StepTheTextAndThePagesOfTheNextDocument) {
         QApplication::sendEvent(viewport, &wheel);
     }
     EXPECT_EQ(Zoom::shared().percent(), s.to);
+    Zoom::shared().save();  // as the program ends
     EXPECT_EQ(stored(QStringLiteral("reader/zoom")).toInt(), s.to);
     EXPECT_NEAR(lineHeight() / atHundred, s.to / 100.0, 0.12);
 
@@ -62,6 +64,21 @@ INSTANTIATE_TEST_SUITE_P(
                       ZoomStep{"WheelUp", 100, Qt::Key_unknown, 120, 110},
                       ZoomStep{"WheelDownTwice", 100, Qt::Key_unknown, -240, 80}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// Half way down a long document, the paragraph at the top of the view stays there as the text grows and
+// shrinks.
+TEST_F(ReaderFixture, ThePlaceReadStaysAtTheTop) {
+    show(longRtf(3000));
+    QTextBrowser* text = view->textBrowser();
+    text->verticalScrollBar()->setValue(text->verticalScrollBar()->maximum() / 2);
+    const QTextBlock read = text->cursorForPosition(QPoint(0, 0)).block();
+    for (const int percent : {150, 250, 80, 100}) {
+        Zoom::shared().setPercent(percent);
+        QApplication::processEvents();
+        const QTextBlock top = text->cursorForPosition(QPoint(0, 0)).block();
+        EXPECT_EQ(top.blockNumber(), read.blockNumber()) << percent;
+    }
+}
 
 }  // namespace
 }  // namespace documents
