@@ -6,6 +6,8 @@
 #include "platform/basic/clock.h"
 #include "platform/documents/full_viewer.h"
 
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QSettings>
 
@@ -39,11 +41,9 @@ INSTANTIATE_TEST_SUITE_P(
             "Circular 18/2009 — Input tax credit on capital goods used partly for exempted sales", "Circular"},
         Row{"NotificationByRowid", "Kerala", "select fname from Kerala where rowid=305",
             "SRO 560/2012 — Rate of tax on LED lamps and solar lanterns", "Notification"},
-        Row{"ScheduleByNumber", "Allshedule", "select fname from Allshedule where ID=3 ",
-            "Third Schedule - Goods taxed at 4 per cent", "Schedule"},
         Row{"JudgementOfTheSecondFile", "Globalvatse", "select fname from Globalvatse where name='Lakshmi Stores v. State'",
             "Lakshmi Stores v. State", "Judgement"},
-        Row{"StandByRowHasNoEntry", "Globalvat",
+        Row{"NotInTheIndex", "Globalvat",
             "SELECT Globalvat.fname FROM Globalvat WHERE (((Globalvat.name)='default') AND ((Globalvat.type)='default'));",
             "default", "Judgement"},
         Row{"NoRow", "Kerala", "select fname from Kerala where name='none'", "", ""}),
@@ -56,14 +56,25 @@ QString firstPageOf(const QString& pdf) {
     return QString::fromUtf8(reader.readAllStandardOutput());
 }
 
-// Shown from a row, saved by Ctrl+Shift+S in the window; opened in full by a click, saved there again.
+// Shown from a row, saved by Ctrl+Shift+S in the window; opened in full by a click, saved there again; the
+// folder is remembered; and Ctrl+P previews the pages on a machine with no printer.
 TEST_F(LibraryWindows, TheWindowAndTheFullViewPrintUnderTheRowsHead) {
     QTemporaryDir out;
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, out.path());
     basic::Clock::set(QDate(2026, 11, 24));
     const auto asked = documents::DocumentPrinter::askPdfFile;
-    QString path;
-    documents::DocumentPrinter::askPdfFile = [&](QWidget*, const QString&) { return path; };
+    const auto previewer = documents::DocumentPrinter::runPreview;
+    QString path, suggested;
+    documents::DocumentPrinter::askPdfFile = [&](QWidget*, const QString& proposed) {
+        suggested = proposed;
+        return path;
+    };
+    int previewed = 0;
+    documents::DocumentPrinter::runPreview = [&](QPrintPreviewDialog& dialog) {
+        auto* pages = dialog.findChild<QPrintPreviewWidget*>();
+        pages->updatePreview();
+        previewed = pages->pageCount();
+    };
     auto* w = kf();
     w->MSRDC1->setConnect(shell::strLibraryCn1);
     w->MSRDC1->setSQL(QStringLiteral("select fname from Kerala where name='Circular 7/2010'"));
@@ -74,6 +85,9 @@ TEST_F(LibraryWindows, TheWindowAndTheFullViewPrintUnderTheRowsHead) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(w));
     path = out.filePath(QStringLiteral("window.pdf"));
     QTest::keyClick(w, Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(suggested.endsWith(QStringLiteral("/Circular 7-2010.pdf"))) << suggested.toStdString();
+    QTest::keyClick(w, Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(previewed, 1);
     w->OLE1_Click();
     documents::FullViewer* viewer = documents::FullViewer::existing();
     ASSERT_TRUE(viewer && viewer->isVisible());
@@ -89,7 +103,10 @@ TEST_F(LibraryWindows, TheWindowAndTheFullViewPrintUnderTheRowsHead) {
         EXPECT_TRUE(page.contains(QStringLiteral("\nCircular\n"))) << file;
         EXPECT_TRUE(page.contains(QStringLiteral("Printed on 24-11-2026"))) << file;
     }
+    EXPECT_EQ(QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlan"), QStringLiteral("Vorlan"))
+                  .value(QStringLiteral("reader/pdfFolder")), out.path());
     documents::DocumentPrinter::askPdfFile = asked;
+    documents::DocumentPrinter::runPreview = previewer;
     basic::Clock::reset();
 }
 

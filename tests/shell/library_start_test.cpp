@@ -36,7 +36,6 @@ TEST_P(LibraryStart, NamesTheFilesThatFailAndTheirFolder) {
 INSTANTIATE_TEST_SUITE_P(
     Files, LibraryStart,
     ::testing::Values(StartFault{"Second", {"1309214SD02.mdb"}, {}, "file 1309214SD02.mdb"},
-                      StartFault{"Third", {"1509214SD03.mdb"}, {}, "file 1509214SD03.mdb"},
                       StartFault{"FirstAndThird", {"0909214SD01.mdb", "1509214SD03.mdb"}, {},
                                  "files 0909214SD01.mdb, 1509214SD03.mdb"},
                       StartFault{"Damaged", {}, {"1309214SD02.mdb"}, "file 1309214SD02.mdb"}),

@@ -1,15 +1,12 @@
 // Print and PDF of a shown document, read back with pdftotext: every page headed by the title and kind and
 // footed by its number and the date printed; a selection alone; a PDF page by page; the view's zoom and
-// light on dark never reach the paper; and the keys, the preview and the file with no printer installed.
+// light on dark never reach the paper.
 #include "reader_fixture.h"
 
-#include "platform/basic/clock.h"
 #include "platform/documents/document_printer.h"
 #include "platform/documents/hit_marks.h"
 #include "platform/store/text_query.h"
 
-#include <QPrintPreviewDialog>
-#include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QTextBrowser>
 
@@ -26,7 +23,8 @@ QStringList pagesOf(const QString& pdf) {
     return pages;
 }
 
-enum class Shown { LongText, Selection, SearchHit, Pdf, ZoomedAndDark };
+// ScreenOnly: a search's hits lit, the view zoomed and light on dark, none of which may reach the paper.
+enum class Shown { LongText, Selection, ScreenOnly, Pdf };
 
 struct Printed {
     const char* name;
@@ -58,10 +56,8 @@ TEST_P(PrintedPages, HoldTheHeadTheFootAndTheBody) {
         cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, 2);
         view->textBrowser()->setTextCursor(cursor);
     }
-    if (c.shown == Shown::SearchHit) {
+    if (c.shown == Shown::ScreenOnly) {
         ASSERT_GT(markSearchHits(view, store::parseTextQuery(QStringLiteral("purchases"))), 0);
-    }
-    if (c.shown == Shown::ZoomedAndDark) {
         Zoom::shared().setPercent(300);
         LightOnDark::shared().setOn(true);
     }
@@ -71,8 +67,7 @@ TEST_P(PrintedPages, HoldTheHeadTheFootAndTheBody) {
     case Shown::Pdf: EXPECT_EQ(pages.size(), 3); break;
     case Shown::Selection: EXPECT_EQ(pages.size(), 1); break;
     case Shown::LongText: EXPECT_GE(pages.size(), 3); break;
-    case Shown::SearchHit:
-    case Shown::ZoomedAndDark: EXPECT_EQ(pages, plain); break;
+    case Shown::ScreenOnly: EXPECT_EQ(pages, plain); break;
     }
     for (int i = 0; i < pages.size(); ++i) {
         const QStringList lines = pages[i].split(u'\n', Qt::SkipEmptyParts);
@@ -94,42 +89,9 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Printed{"LongText", Shown::LongText, {"Paragraph 1:", "Paragraph 150:"}, {}},
                       Printed{"SelectionAlone", Shown::Selection, {"Paragraph 3:", "Paragraph 4:"},
                               {"Paragraph 2:", "Paragraph 5:", "Paragraph 150:"}},
-                      Printed{"SearchHitIsNoSelection", Shown::SearchHit, {"Paragraph 1:", "Paragraph 150:"}, {}},
-                      Printed{"PdfPageByPage", Shown::Pdf, {}, {}},
-                      Printed{"ZoomAndDarkStayOnScreen", Shown::ZoomedAndDark, {"Paragraph 150:"}, {}}),
+                      Printed{"HitsZoomAndDarkStayOnScreen", Shown::ScreenOnly, {}, {}},
+                      Printed{"PdfPageByPage", Shown::Pdf, {}, {}}),
     [](const auto& info) { return std::string(info.param.name); });
-
-// Ctrl+Shift+S writes the file the reader names and remembers its folder; Ctrl+P shows the preview of every
-// page, on a machine with no printer too.
-TEST_F(ReaderFixture, KeysSaveThePdfAndShowThePreview) {
-    basic::Clock::set(QDate(2026, 11, 24));
-    const auto asked = DocumentPrinter::askPdfFile;
-    const auto previewer = DocumentPrinter::runPreview;
-    show(longRtf(150));
-    QString suggested;
-    const QString path = settingsDir.filePath(QStringLiteral("kept/Circular.pdf"));
-    QDir().mkpath(settingsDir.filePath(QStringLiteral("kept")));
-    DocumentPrinter::askPdfFile = [&](QWidget*, const QString& proposed) {
-        suggested = proposed;
-        return path;
-    };
-    int previewed = 0;
-    DocumentPrinter::runPreview = [&](QPrintPreviewDialog& dialog) {
-        auto* pages = dialog.findChild<QPrintPreviewWidget*>();
-        pages->updatePreview();
-        previewed = pages->pageCount();
-    };
-    QTest::keyClick(view->textBrowser(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    QTest::keyClick(view->textBrowser(), Qt::Key_P, Qt::ControlModifier);
-    EXPECT_TRUE(suggested.endsWith(QStringLiteral("/Circular 18-2009.pdf"))) << suggested.toStdString();
-    const QStringList pages = pagesOf(path);
-    EXPECT_GE(pages.size(), 3);
-    EXPECT_EQ(previewed, pages.size());
-    EXPECT_EQ(stored(QStringLiteral("reader/pdfFolder")).toString(), QFileInfo(path).absolutePath());
-    basic::Clock::reset();
-    DocumentPrinter::askPdfFile = asked;
-    DocumentPrinter::runPreview = previewer;
-}
 
 }  // namespace
 }  // namespace documents

@@ -22,8 +22,8 @@
 
 namespace documents {
 
-// A PDF of A4 pages with one line of text each, at `top` points from the page's top.
-inline QByteArray pdfOfLines(const QStringList& lines, double top = 100) {
+// A PDF of A4 pages with one line of text each, an inch from the page's left and top.
+inline QByteArray pdfOfLines(const QStringList& lines) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
@@ -34,7 +34,7 @@ inline QByteArray pdfOfLines(const QStringList& lines, double top = 100) {
     painter.setFont(font);
     for (qsizetype i = 0; i < lines.size(); ++i) {
         if (i > 0) writer.newPage();
-        painter.drawText(QPointF(72, top), lines[i]);
+        painter.drawText(QPointF(72, 72), lines[i]);
     }
     painter.end();
     return buffer.data();
