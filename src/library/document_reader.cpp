@@ -69,7 +69,7 @@ documents::PrintHead headOfRow(const documents::DataControl& source) {
     return head;
 }
 
-void attachReader(keralaforms* window) {
+void attachViewTools(keralaforms* window) {
     documents::DataControl* source = window->MSRDC1;
     documents::OleContainer* view = window->OLE1;
     auto head = [source, view] {

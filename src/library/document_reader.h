@@ -11,7 +11,7 @@ namespace library {
 
 class keralaforms;
 
-void attachReader(keralaforms* window);
+void attachViewTools(keralaforms* window);
 
 // The title and kind of the row a data control stands on: from the text index of the library when it has
 // the row, else from the row's name and its table. Nothing for a statement that names no table.

@@ -57,7 +57,7 @@ keralaforms::keralaforms()
     OLE1->setDataSource(MSRDC1);
     forms::place(OLE1, 2498, 360, 10245, 10290);
     documents::FindBar::attach(OLE1);
-    attachReader(this);
+    attachViewTools(this);
     forms::place(cmdCancelNonVisible, 0, 0, 15, 135);
     cmdCancelNonVisible->setFocusPolicy(Qt::NoFocus);
     resize(forms::twips(15240), forms::twips(8595));

@@ -42,7 +42,6 @@ void DocumentView::setDocument(const QByteArray& bytes) {
     kind_ = kindOf(bytes);
     switch (kind_) {
     case Kind::None:
-        emit documentShown();
         return;
     case Kind::Rtf: {
         // Read into a document that no editor lays out yet, then hand it over whole: a layout that
