@@ -5,6 +5,9 @@
 #include "library/frm_kerala.h"
 #include "library/frm_text_search.h"
 #include "library/keralaforms.h"
+#include "library/my_documents_window.h"
+#include "library/reader.h"
+#include "library/reader_bookmarks.h"
 #include "platform/forms/text_editor_window.h"
 #include "platform/forms/window_registry.h"
 #include "returns/book_chooser.h"
@@ -16,9 +19,24 @@
 namespace app {
 
 void defineWindows() {
-    forms::define(QStringLiteral("main"), [] { return new shell::main; });
-    forms::define(QStringLiteral("frmkerala"), [] { return new library::frmkerala; });
-    forms::define(QStringLiteral("keralaforms"), [] { return new library::keralaforms; });
+    // The reader's additions enter each window by one call: the windows themselves stay as they are.
+    forms::define(QStringLiteral("main"), [] {
+        auto* w = new shell::main;
+        library::addReaderTools(w->Toolbar2);
+        return w;
+    });
+    forms::define(QStringLiteral("frmkerala"), [] {
+        auto* w = new library::frmkerala;
+        library::addReaderTools(w->Toolbar2);
+        return w;
+    });
+    forms::define(QStringLiteral("keralaforms"), [] {
+        auto* w = new library::keralaforms;
+        library::attachReader(w);
+        return w;
+    });
+    forms::define(QStringLiteral("BookmarksWindow"), [] { return new library::BookmarksWindow; });
+    forms::define(QStringLiteral("MyDocumentsWindow"), [] { return new library::MyDocumentsWindow; });
     forms::define(QStringLiteral("GlobalDisplay"), [] { return new library::GlobalDisplay; });
     forms::define(QStringLiteral("central"), [] { return new library::central; });
     forms::define(QStringLiteral("frmTextSearch"), [] { return new library::frmTextSearch; });

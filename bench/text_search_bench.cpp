@@ -7,6 +7,7 @@
 // time and its share of the first library file, reported with the searches' counters and on stderr.
 #include "qt_bench_main.h"
 #include "circular_titles.h"
+#include "zipf_texts.h"
 #include "library/library_text.h"
 #include "platform/store/connection.h"
 #include "platform/store/text_index.h"
@@ -27,50 +28,10 @@
 namespace {
 
 constexpr int kDocuments = 20000;
-constexpr int kTextBytes = 5000;
-
-// Words drawn by Zipf's law, as the words of a real text are: the law's common words first, then made-up
-// words to 30,000, with "input" and "credit" at ranks 250 and 300, where a word stands in about a quarter
-// of 5,000-byte documents.
-struct Texts {
-    QStringList words;
-    std::mt19937 rng{2009};
-    std::discrete_distribution<int> pick;
-    Texts() {
-        words = QStringLiteral("the of tax and to in a by dealer goods is for on sale be under section this "
-                               "or rate as that with return from any officer month turnover state shall "
-                               "purchase registered act which not assessment paid penalty period year "
-                               "notification circular rules schedule exempt works contract")
-                    .split(u' ');
-        static const char* syllables[] = {"ka", "ra", "ma", "la", "na", "pa", "ta", "va", "sa", "da",
-                                          "ri", "mo", "nu", "le", "tho", "shi", "kku", "ppa", "ndi", "yam"};
-        std::mt19937 make(7);
-        std::uniform_int_distribution<int> syllable(0, 19), length(2, 4);
-        while (words.size() < 30000) {
-            if (words.size() == 249) words << QStringLiteral("input");
-            if (words.size() == 299) words << QStringLiteral("credit");
-            QString w;
-            for (int n = length(make); n > 0; --n) w += QLatin1String(syllables[syllable(make)]);
-            words << w;
-        }
-        std::vector<double> weights;
-        for (qsizetype r = 1; r <= words.size(); ++r) weights.push_back(1.0 / double(r));
-        pick = std::discrete_distribution<int>(weights.begin(), weights.end());
-    }
-    QByteArray next() {
-        QString text;
-        int sentence = 0;
-        while (text.size() < kTextBytes) {
-            text += words[pick(rng)];
-            text += ++sentence % 14 == 0 ? QStringLiteral(".\n") : QStringLiteral(" ");
-        }
-        return text.toUtf8();
-    }
-};
 
 std::vector<libbuilder::TableRows> libraryRows() {
     libbuilder::TableRows kerala{"Kerala", {"id", "name", "SecDesc", "type", "ChapterNo", "fname"}, {}};
-    Texts texts;
+    ZipfTexts texts(5000);
     CircularTitles titles;
     for (int i = 0; i < kDocuments; ++i) {
         const auto [title, label] = titles.next();

@@ -2,10 +2,11 @@
 
 #include "library/keralaforms.h"
 #include "library/library_text.h"
+#include "library/reader.h"
+#include "library/text_sources.h"
 #include "platform/documents/hit_marks.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/window_registry.h"
-#include "shell/my_mod.h"
 
 #include <QComboBox>
 #include <QDate>
@@ -16,7 +17,6 @@
 #include <QThread>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <mutex>
 
 namespace library {
 
@@ -62,9 +62,7 @@ QString shownDate(const QString& iso) {
 struct frmTextSearch::Worker {
     QThread thread;
     QObject context;  // lives on the thread: the searches are posted to it
-    std::mutex guard; // over `index`, which the thread makes and the window interrupts
-    std::unique_ptr<store::TextIndex> index;
-    QString connection;
+    TextSearcher searcher;
 };
 
 frmTextSearch::frmTextSearch()
@@ -119,10 +117,7 @@ frmTextSearch::frmTextSearch()
 
 frmTextSearch::~frmTextSearch() {
     ++latest_;
-    {
-        std::lock_guard lock(worker_->guard);
-        if (worker_->index) worker_->index->interrupt();
-    }
+    worker_->searcher.interrupt();
     worker_->thread.quit();
     worker_->thread.wait();
 }
@@ -165,38 +160,19 @@ void frmTextSearch::Search() {
     const int generation = ++latest_;
     const store::TextQuery query = store::parseTextQuery(txtQuery->text());
     const QString kind = cboKind->currentIndex() > 0 ? cboKind->currentText() : QString();
-    const QString connection = shell::strLibraryCn1;
-    {
-        // A search still running is for words no longer typed; a search being opened is not cut.
-        std::unique_lock lock(worker_->guard, std::try_to_lock);
-        if (lock.owns_lock() && worker_->index) worker_->index->interrupt();
-    }
+    // The library's words, the user's own documents' and the notes'.
+    const std::vector<TextSource> sources = textSources();
+    // A search still running is for words no longer typed.
+    worker_->searcher.interrupt();
     Worker* w = worker_.get();
-    QMetaObject::invokeMethod(&w->context, [this, w, generation, query, kind, connection] {
+    QMetaObject::invokeMethod(&w->context, [this, w, generation, query, kind, sources] {
         if (generation != latest_) return;
         std::vector<store::TextHit> hits;
         QString failure;
         bool indexed = true;
         try {
-            store::TextIndex* index;
-            {
-                std::lock_guard lock(w->guard);
-                if (!w->index || w->connection != connection) {
-                    w->index.reset();
-                    w->index = std::make_unique<store::TextIndex>(connection);
-                    w->connection = connection;
-                }
-                index = w->index.get();
-            }
-            indexed = index->hasTable(kTextTable);
-            store::TextSearch search;
-            search.table = kTextTable;
-            search.columns = kTextColumns.mid(textKey, textDate + 1);
-            search.weights = kTextWeights;
-            search.snippetColumn = textBody;
-            search.filterColumn = kTextColumns[textKind];
-            search.filterValue = kind;
-            if (indexed) hits = index->search(search, query);
+            hits = w->searcher.search(sources, query, kind);
+            indexed = w->searcher.libraryIndexed();
         } catch (const basic::RuntimeError& e) {
             if (e.number() == kCancelled) return;
             failure = e.description();
@@ -218,6 +194,8 @@ void frmTextSearch::showResults(int generation, const std::vector<store::TextHit
     for (const store::TextHit& hit : hits_) {
         const QString title = hit.values[textTitle];
         QString facts = hit.values[textKind];
+        const QString mark = hit.values.value(kMarkValue);
+        if (!mark.isEmpty()) facts = mark + QStringLiteral("  ·  ") + facts;
         const QString date = shownDate(hit.values[textDate]);
         if (!date.isEmpty()) facts += QStringLiteral("  ·  ") + date;
         auto* label = new QLabel(QStringLiteral("<span style='font-size:11pt'>%1</span>&nbsp;&nbsp;&nbsp;"
@@ -257,26 +235,9 @@ void frmTextSearch::showResults(int generation, const std::vector<store::TextHit
 void frmTextSearch::OpenResult() {
     const int row = std::max(0, lstResults->currentRow());
     if (row >= int(hits_.size())) return;
-    const QString key = hits_[size_t(row)].values[textKey];
-    const qsizetype colon = key.indexOf(u':');
-    const QString table = key.left(colon), rowid = key.mid(colon + 1);
     try {
-        const store::Connection cn = shell::getConnectionForTable(table);
-        if (cn.isNothing()) throw basic::RuntimeError(3078, QStringLiteral("No library file holds the table ") + table);
-        auto* kf = forms::get<keralaforms>(QStringLiteral("keralaforms"));
-        kf->MSRDC1->setConnect(cn.ConnectionString());
-        kf->MSRDC1->setSQL(QStringLiteral("select fname from ") + table + QStringLiteral(" where rowid=") +
-                           QString::number(rowid.toLongLong()));
-        kf->MSRDC1->Refresh();
-        kf->OLE1->setDataField(QStringLiteral("fname"));
-        if (kf->windowModality() != Qt::NonModal) {
-            kf->hide();
-            kf->setWindowModality(Qt::NonModal);
-        }
-        kf->show();
-        kf->raise();
-        kf->activateWindow();
-        documents::markSearchHits(kf->OLE1, shownQuery_);
+        if (!openTextResult(hits_[size_t(row)].values[textKey])) return;
+        documents::markSearchHits(forms::get<keralaforms>(QStringLiteral("keralaforms"))->OLE1, shownQuery_);
     } catch (const basic::RuntimeError& e) {
         forms::MsgBox(QStringLiteral("The document cannot be shown: ") + e.description(), forms::vbExclamation,
                       QStringLiteral("Search the library"));

@@ -16,9 +16,7 @@
 #include "returns/return_books.h"
 
 #include <QApplication>
-#include <QFormLayout>
 #include <QKeyEvent>
-#include <QVBoxLayout>
 #include <functional>
 
 namespace returns {
@@ -36,12 +34,6 @@ bool isEnter(const QEvent* e) {
     if (e->type() != QEvent::KeyPress) return false;
     const int k = static_cast<const QKeyEvent*>(e)->key();
     return k == Qt::Key_Return || k == Qt::Key_Enter;
-}
-
-QPushButton* closeButton(QWidget* window) {
-    auto* b = new QPushButton(QStringLiteral("&Close"), window);
-    QObject::connect(b, &QPushButton::clicked, window, &QWidget::hide);
-    return b;
 }
 
 }  // namespace
@@ -204,38 +196,6 @@ void frmSelect::ShowBook() {
                                                 : bookTrouble_);
     }
     lblBook->setToolTip(lblBook->text());
-}
-
-frmEFiling::frmEFiling(QWidget* parent) : QWidget(parent) {
-    setWindowTitle(QStringLiteral("E - Filing"));
-    auto* layout = new QVBoxLayout(this);
-    lblPurpose = new QLabel(QStringLiteral("Here the monthly return will be prepared for filing on line. "
-                                           "This window holds nothing yet."),
-                            this);
-    lblPurpose->setWordWrap(true);
-    cmdClose = closeButton(this);
-    layout->addWidget(lblPurpose);
-    layout->addWidget(cmdClose);
-}
-
-frmDirectToForm::frmDirectToForm(QWidget* parent) : QWidget(parent) {
-    setWindowTitle(QStringLiteral("Direct To Form"));
-    auto* layout = new QFormLayout(this);
-    lblPurpose = new QLabel(QStringLiteral("Here the return pages will be filled in directly for this dealer "
-                                           "and year. This window holds nothing more yet."),
-                            this);
-    lblPurpose->setWordWrap(true);
-    txtDealerName = new QLineEdit(this);
-    txtTIN = new QLineEdit(this);
-    txtCST = new QLineEdit(this);
-    txtYear = new QLineEdit(this);
-    cmdClose = closeButton(this);
-    layout->addRow(lblPurpose);
-    layout->addRow(QStringLiteral("Dealer"), txtDealerName);
-    layout->addRow(QStringLiteral("TIN"), txtTIN);
-    layout->addRow(QStringLiteral("CST"), txtCST);
-    layout->addRow(QStringLiteral("Year"), txtYear);
-    layout->addRow(cmdClose);
 }
 
 }  // namespace returns

@@ -1,6 +1,9 @@
 #pragma once
-// frmSelect, the chooser in front of the return window, and the two small windows its other options
-// open: the E-Filing window and the "Direct To Form" window, both of which say what they will hold.
+// frmSelect, the chooser in front of the return window, and the windows its other options open: the
+// E-Filing window and the "Direct To Form" window, whose work is in files of their own.
+#include "returns/e_filing_window.h"
+#include "returns/form_ten_view.h"
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -45,26 +48,19 @@ private:
     bool thenReturnWindow_ = false;   // the register was reached by Form No. 52
 };
 
-// Where the monthly return will be prepared for filing on line.
-class frmEFiling : public QWidget {
+// The month's lists for filing on line, and the checks before filing.
+class frmEFiling : public EFilingWindow {
     Q_OBJECT
 public:
-    explicit frmEFiling(QWidget* parent = nullptr);
-    QLabel* lblPurpose = nullptr;
-    QPushButton* cmdClose = nullptr;
+    explicit frmEFiling(QWidget* parent = nullptr) : EFilingWindow(parent) {}
 };
 
-// The return pages filled straight in, for the dealer and year the chooser hands over.
-class frmDirectToForm : public QWidget {
+// The return itself, Form No. 10, for the dealer and year the chooser hands over (txtDealerName, txtTIN,
+// txtCST, txtYear are FormTenWindow's).
+class frmDirectToForm : public FormTenWindow {
     Q_OBJECT
 public:
-    explicit frmDirectToForm(QWidget* parent = nullptr);
-    QLabel* lblPurpose = nullptr;
-    QLineEdit* txtDealerName = nullptr;
-    QLineEdit* txtTIN = nullptr;
-    QLineEdit* txtCST = nullptr;
-    QLineEdit* txtYear = nullptr;
-    QPushButton* cmdClose = nullptr;
+    explicit frmDirectToForm(QWidget* parent = nullptr) : FormTenWindow(parent) {}
 };
 
 }  // namespace returns

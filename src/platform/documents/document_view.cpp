@@ -66,13 +66,16 @@ void DocumentView::setDocument(const QByteArray& bytes) {
         pdfBytes_->open(QIODevice::ReadOnly);
         pdfDocument_->load(pdfBytes_);
         stack_->setCurrentWidget(pdf_);
+        emit shown();
         return;
     }
     text_->moveCursor(QTextCursor::Start);
     stack_->setCurrentWidget(text_);
+    emit shown();
 }
 
 void DocumentView::clear() {
+    if (!bytes_.isEmpty()) emit leaving();
     stack_->setCurrentWidget(blank_);
     text_->clear();
     pdfDocument_->close();

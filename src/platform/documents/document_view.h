@@ -39,6 +39,10 @@ public:
 signals:
     // A link of an HTML or RTF document was clicked; `target` is its address as written.
     void linkActivated(const QString& target);
+    // The shown document is about to give way to another or to nothing; it is still on the screen.
+    void leaving();
+    // A new document has been shown.
+    void shown();
 
 private:
     QStackedLayout* stack_;

@@ -2,6 +2,8 @@
 
 #include "platform/documents/document_view.h"
 #include "platform/documents/find_bar.h"
+#include "platform/documents/reader_tools.h"
+#include "platform/documents/view_trail.h"
 #include "platform/forms/window_registry.h"
 
 #include <QDir>
@@ -14,6 +16,7 @@ namespace documents {
 
 namespace {
 const QString kName = QStringLiteral("FullViewer");
+std::vector<std::function<void(FullViewer*)>> madeHooks;
 }  // namespace
 
 FullViewer::FullViewer() : QWidget(nullptr, Qt::Window), view_(new DocumentView(this)) {
@@ -22,6 +25,14 @@ FullViewer::FullViewer() : QWidget(nullptr, Qt::Window), view_(new DocumentView(
     layout->addWidget(view_);
     connect(view_, &DocumentView::linkActivated, this, &FullViewer::followLink);
     FindBar::attach(view_);
+    attachTrail(this, view_, [this] { return linkFolder_; }, [this](const QByteArray& b, const QString& f) { open(b, f); });
+    ReaderTools::attach(view_);
+    for (const auto& hook : madeHooks) hook(this);
+}
+
+void FullViewer::whenMade(std::function<void(FullViewer*)> hook) {
+    if (FullViewer* viewer = existing()) hook(viewer);
+    madeHooks.push_back(std::move(hook));
 }
 
 // The viewer is one of the program's windows: the window registry holds it, as it holds the others.
@@ -48,8 +59,8 @@ void FullViewer::followLink(const QString& target) {
         if (linkFolder_.isEmpty() || file.contains(QLatin1Char(':')) || QDir::isAbsolutePath(file)) return;
         QFile linked(QDir(linkFolder_).filePath(file));
         if (!linked.open(QIODevice::ReadOnly)) return;
-        view_->setDocument(linked.readAll());
         linkFolder_ = QFileInfo(linked.fileName()).absolutePath();
+        view_->setDocument(linked.readAll());
     }
     if (!bookmark.isEmpty()) view_->scrollToAnchor(bookmark);
 }

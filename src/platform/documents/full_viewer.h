@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QWidget>
+#include <functional>
 
 namespace documents {
 
@@ -25,6 +26,8 @@ public:
     // "file#name" opens a file of the link folder. A file that cannot be read leaves the viewer as it was.
     void followLink(const QString& target);
     DocumentView* view() const { return view_; }
+    // Calls `hook` with the viewer when it is made, so that the layers above give it keys of their own.
+    static void whenMade(std::function<void(FullViewer*)> hook);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -1,0 +1,155 @@
+// The reader's file of the run, and its tools on the main toolbars.
+#include "library/reader.h"
+
+#include "library/reader_documents.h"
+#include "platform/basic/app_path.h"
+#include "platform/basic/log.h"
+#include "platform/documents/reader_store.h"
+#include "platform/forms/msgbox.h"
+#include "platform/forms/runtime_errors.h"
+#include "platform/forms/window_registry.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QPainter>
+#include <QSettings>
+#include <QStyle>
+#include <QToolBar>
+#include <QToolButton>
+
+VORLAN_LOGGING_CATEGORY(lcReader, "vorlan.library.reader")
+
+namespace library {
+
+namespace {
+
+const QString kMadeSetting = QStringLiteral("Reader/fileMade");
+
+std::unique_ptr<documents::ReaderStore> openReader(const QString& path) {
+    std::unique_ptr<documents::ReaderStore> store;
+    const bool wasMade = QSettings().value(kMadeSetting).toBool();
+    const bool missing = !QFileInfo::exists(path);
+    const basic::RuntimeError failed = basic::resume([&] { store = std::make_unique<documents::ReaderStore>(path); });
+    if (failed.number() != 0) {
+        qCWarning(lcReader) << "the reader's file cannot be made:" << failed.description();
+        store = std::make_unique<documents::ReaderStore>(QString());
+        forms::MsgBox(QStringLiteral("Vorlan cannot keep its reader's file\n%1\n\n%2\n\nBookmarks, notes and history "
+                                     "work until the program ends, and are not kept.")
+                          .arg(QDir::toNativeSeparators(path), failed.description()),
+                      forms::vbExclamation, QStringLiteral("Bookmarks and notes"));
+        return store;
+    }
+    QSettings().setValue(kMadeSetting, true);
+    if (!store->keptAside().isEmpty())
+        forms::MsgBox(QStringLiteral("The file of your bookmarks, notes and history was damaged and has been kept aside as\n%1\n\n"
+                                     "Vorlan starts without bookmarks.")
+                          .arg(QDir::toNativeSeparators(store->keptAside())),
+                      forms::vbExclamation, QStringLiteral("Bookmarks and notes"));
+    else if (missing && wasMade)
+        forms::MsgBox(QStringLiteral("The file of your bookmarks, notes and history is missing:\n%1\n\nVorlan starts "
+                                     "without bookmarks.")
+                          .arg(QDir::toNativeSeparators(path)),
+                      forms::vbExclamation, QStringLiteral("Bookmarks and notes"));
+    return store;
+}
+
+QString when(const QDateTime& at) {
+    const QDate today = QDate::currentDate();
+    const QString time = at.toString(QStringLiteral("hh:mm"));
+    if (at.date() == today) return QStringLiteral("today ") + time;
+    if (at.date() == today.addDays(-1)) return QStringLiteral("yesterday ") + time;
+    return at.toString(QStringLiteral("dd-MM-yyyy hh:mm"));
+}
+
+// A ribbon over a page: the bookmarks' button.
+QIcon ribbonIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48}) {
+        QPixmap picture(size, size);
+        picture.fill(Qt::transparent);
+        QPainter p(&picture);
+        p.setRenderHint(QPainter::Antialiasing);
+        const qreal s = size / 32.0;
+        p.setPen(QPen(QColor(0x55, 0x55, 0x55), 1.5 * s));
+        p.setBrush(QColor(0xfb, 0xfb, 0xf4));
+        p.drawRect(QRectF(5 * s, 3 * s, 22 * s, 26 * s));
+        p.setPen(Qt::NoPen);
+        p.setBrush(QColor(0xc0, 0x39, 0x2b));
+        const QPointF ribbon[] = {{15 * s, 1 * s}, {24 * s, 1 * s}, {24 * s, 19 * s}, {19.5 * s, 15 * s}, {15 * s, 19 * s}};
+        p.drawPolygon(ribbon, 5);
+        icon.addPixmap(picture);
+    }
+    return icon;
+}
+
+void fillRecent(QMenu* menu) {
+    menu->clear();
+    std::vector<documents::Visit> visits;
+    const basic::RuntimeError e = basic::resume([&] { visits = readerStore().recent(documents::kRecentShown); });
+    if (e.number() != 0) qCWarning(lcReader) << "recent documents:" << e.description();
+    if (visits.empty()) {
+        menu->addAction(QStringLiteral("No document opened yet"))->setEnabled(false);
+        return;
+    }
+    for (const documents::Visit& v : visits) {
+        QString title = v.document.title;
+        if (title.size() > 70) title = title.left(69) + QStringLiteral("…");
+        title.replace(u'&', QStringLiteral("&&"));
+        QAction* open = menu->addAction(title + u'\t' + v.document.kind + QStringLiteral("  ·  ") + when(v.when));
+        open->setData(v.document.key);
+        QObject::connect(open, &QAction::triggered, menu, [key = v.document.key] { forms::guard([&] { openDocument(key); }); });
+    }
+}
+
+}  // namespace
+
+documents::ReaderStore& readerStore() {
+    static std::unique_ptr<documents::ReaderStore> open;
+    static QString openAt;
+    const QString path = QDir(basic::UserPath()).filePath(kReaderFile);
+    if (!open || openAt != path) {
+        open.reset();
+        open = openReader(path);
+        openAt = path;
+    }
+    return *open;
+}
+
+void startReader() { readerStore(); }
+
+void showReaderWindow(const QString& name) {
+    QWidget* window = forms::get(name);
+    // Over a window that holds the input, this one must hold it too, or no key could reach it.
+    QWidget* holding = QApplication::activeModalWidget();
+    const bool modal = holding && holding != window;
+    if (window->isVisible() && (window->windowModality() != Qt::NonModal) != modal) window->hide();
+    window->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+void addReaderTools(QToolBar* toolbar) {
+    toolbar->addSeparator();
+    auto* recent = toolbar->addAction(toolbar->style()->standardIcon(QStyle::SP_FileDialogDetailedView), QStringLiteral("Recent"));
+    recent->setObjectName(QStringLiteral("Recent"));
+    recent->setToolTip(QStringLiteral("The last 50 documents opened, with when"));
+    auto* menu = new QMenu(toolbar);
+    menu->setObjectName(QStringLiteral("RecentMenu"));
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] { fillRecent(menu); });
+    recent->setMenu(menu);
+    if (auto* button = qobject_cast<QToolButton*>(toolbar->widgetForAction(recent))) button->setPopupMode(QToolButton::InstantPopup);
+
+    auto* marks = toolbar->addAction(ribbonIcon(), QStringLiteral("Bookmarks"));
+    marks->setObjectName(QStringLiteral("Bookmarks"));
+    marks->setToolTip(QStringLiteral("Your bookmarks, by folder (Ctrl+D in a document marks it)"));
+    QObject::connect(marks, &QAction::triggered, toolbar, [] { forms::guard([] { showReaderWindow(QStringLiteral("BookmarksWindow")); }); });
+
+    auto* mine = toolbar->addAction(toolbar->style()->standardIcon(QStyle::SP_DirHomeIcon), QStringLiteral("My documents"));
+    mine->setObjectName(QStringLiteral("MyDocuments"));
+    mine->setToolTip(QStringLiteral("Documents you added to the library yourself; Add documents…"));
+    QObject::connect(mine, &QAction::triggered, toolbar, [] { forms::guard([] { showReaderWindow(QStringLiteral("MyDocumentsWindow")); }); });
+}
+
+}  // namespace library

@@ -1,0 +1,126 @@
+#include "returns/form_ten_paper.h"
+
+#include "platform/basic/runtime_error.h"
+#include "platform/forms/msgbox.h"
+#include "returns/form_ten_layout.h"
+#include "returns/remembered_folders.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGraphicsView>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QSaveFile>
+#include <QScrollBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace returns {
+
+QString FormTenFooter(const FormTenMonth& month) {
+    QStringList parts{QStringLiteral("Form No. 10")};
+    const QString name = month.values.fixed.value("dpName").section(u'\n', 0, 0);
+    if (!name.isEmpty()) parts << name;
+    if (!month.values.fixed.value("dpTIN").isEmpty()) parts << QStringLiteral("TIN ") + month.values.fixed.value("dpTIN");
+    parts << month.month + QLatin1Char(' ') + QString::number(month.year);
+    return parts.join(QStringLiteral("  -  "));
+}
+
+QString FormTenPdfName(const FormTenMonth& month) {
+    const QString tin = month.values.fixed.value("dpTIN");
+    return QStringLiteral("Form10-") + (tin.isEmpty() ? QString() : tin + QLatin1Char('-')) + month.month + QLatin1Char('-') +
+           QString::number(month.year) + QStringLiteral(".pdf");
+}
+
+int PaintFormTen(const FormTenMonth& month, QPagedPaintDevice* device) {
+    device->setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+    if (auto* printer = dynamic_cast<QPrinter*>(device)) printer->setFullPage(true);
+    const std::vector<FormPage> pages = LayFormTen(month.values);
+    QPainter painter(device);
+    PagePaint how;
+    how.pxPerMm = device->logicalDpiX() / 25.4;
+    how.footer = FormTenFooter(month);
+    for (size_t n = 0; n < pages.size(); ++n) {
+        if (n > 0) device->newPage();
+        PaintFormPage(painter, pages[n], month.values, how, int(n) + 1, int(pages.size()));
+    }
+    painter.end();
+    return int(pages.size());
+}
+
+int WriteFormTenPdf(const FormTenMonth& month, const QString& path) {
+    const auto refused = [&](const QString& why) {
+        return basic::RuntimeError(75, QStringLiteral("The PDF file ") + QDir::toNativeSeparators(path) +
+                                           QStringLiteral(" cannot be written: ") + why);
+    };
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) throw refused(file.errorString());
+    int pages = 0;
+    {
+        QPdfWriter writer(&file);
+        writer.setResolution(300);
+        writer.setTitle(QStringLiteral("Form No. 10, ") + month.month + QLatin1Char(' ') + QString::number(month.year));
+        writer.setCreator(QStringLiteral("Vorlan"));
+        pages = PaintFormTen(month, &writer);
+    }
+    if (!file.commit()) throw refused(file.errorString());
+    return pages;
+}
+
+FormTenPreview::FormTenPreview(QWidget* parent) : QWidget(parent, Qt::Window), printer_(QPrinter::HighResolution) {
+    setWindowTitle(QStringLiteral("Form No. 10"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    toolBar = new QToolBar(this);
+    view = new QPrintPreviewWidget(&printer_, this);
+    layout->addWidget(toolBar);
+    layout->addWidget(view, 1);
+    actPrint = toolBar->addAction(QStringLiteral("&Print..."), this, [this] {
+        QPrinter printer(QPrinter::HighResolution);
+        QPrintDialog dialog(&printer, this);
+        if (dialog.exec() == QDialog::Accepted) printOn(&printer);
+    });
+    actPrint->setShortcut(QKeySequence::Print);
+    actSavePdf = toolBar->addAction(QStringLiteral("Save as P&DF..."), this, [this] {
+        const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save the return as PDF"),
+                                                          RememberedFolder(kPdfFolderKey) + QLatin1Char('/') + FormTenPdfName(month_),
+                                                          QStringLiteral("PDF files (*.pdf)"));
+        if (!path.isEmpty() && savePdf(path)) RememberFolder(kPdfFolderKey, QFileInfo(path).absolutePath());
+    });
+    toolBar->addSeparator();
+    toolBar->addAction(QStringLiteral("Zoom in"), view, [this] { view->zoomIn(); });
+    toolBar->addAction(QStringLiteral("Zoom out"), view, [this] { view->zoomOut(); });
+    toolBar->addAction(QStringLiteral("Page width"), view, [this] { view->fitToWidth(); });
+    toolBar->addSeparator();
+    QAction* close = toolBar->addAction(QStringLiteral("&Close"), this, [this] { this->close(); });
+    close->setShortcut(Qt::Key_Escape);
+    connect(view, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) { PaintFormTen(month_, printer); });
+    resize(900, 1000);
+}
+
+void FormTenPreview::setMonth(const FormTenMonth& month) {
+    month_ = month;
+    setWindowTitle(QStringLiteral("Form No. 10 - ") + month.month + QLatin1Char(' ') + QString::number(month.year));
+    view->updatePreview();
+    view->fitToWidth();
+    view->setCurrentPage(1);
+    if (auto* pages = view->findChild<QGraphicsView*>()) pages->verticalScrollBar()->setValue(pages->verticalScrollBar()->minimum());
+}
+
+int FormTenPreview::pageCount() const { return view->pageCount(); }
+
+void FormTenPreview::printOn(QPrinter* printer) { PaintFormTen(month_, printer); }
+
+bool FormTenPreview::savePdf(const QString& path) {
+    const basic::RuntimeError e = basic::resume([&] { WriteFormTenPdf(month_, path); });
+    if (e.number() == 0) return true;
+    forms::MsgBox(e.description(), forms::vbExclamation, QStringLiteral("Not saved"));
+    return false;
+}
+
+}  // namespace returns
