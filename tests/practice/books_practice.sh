@@ -25,6 +25,7 @@ vorlan=
 finish() {
   [ -n "$vorlan" ] && kill "$vorlan" 2>/dev/null || true
   kill "$wm" "$xvfb" 2>/dev/null || true
+  rm -rf "$work"
 }
 trap finish EXIT
 
