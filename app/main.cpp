@@ -9,6 +9,7 @@
 #include "platform/forms/window_registry.h"
 #include "platform/store/connection.h"
 #include "library/reader.h"
+#include "returns/practice_start.h"
 #include "returns/return_schema.h"
 #include "shell/library_start.h"
 #include "shell/my_mod.h"
@@ -128,6 +129,9 @@ int main(int argc, char** argv) {
         return 1;
     }
     if (timing) std::fprintf(stderr, "library open after %lld ms\n", started.elapsed());
+    // The books first: at the first start of this version, the return files of the version before are
+    // taken in as they are, before anything is made beside them.
+    if (!returns::PracticeReady()) return 1;
     if (!returns::ReturnStoresReady(basic::UserPath())) return 1;
     if (timing) std::fprintf(stderr, "return files ready after %lld ms\n", started.elapsed());
 
