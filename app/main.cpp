@@ -3,22 +3,26 @@
 #include "platform/basic/folders.h"
 #include "platform/basic/log.h"
 #include "platform/basic/runtime_error.h"
+#include "platform/forms/colour_scheme.h"
 #include "platform/forms/fonts.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/window_registry.h"
 #include "platform/store/connection.h"
 #include "library/reader.h"
+#include "returns/practice_start.h"
 #include "returns/return_schema.h"
+#include "shell/library_start.h"
 #include "shell/my_mod.h"
+#include "graphical_session.h"
 #include "windows.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QEvent>
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -107,7 +111,10 @@ int main(int argc, char** argv) {
     basic::UseFolders(shell::LibraryFileNames());
     // The library files' keys are derived on threads while Qt starts; InitLibraryStore finds them open.
     shell::OpenLibraryAhead();
+    auto sessionCheck = std::make_unique<app::GraphicalSessionCheck>();
     QApplication application(argc, argv);
+    sessionCheck.reset();
+    forms::FollowDesktopScheme();
 
     const bool timing = qEnvironmentVariableIsSet("VORLAN_TIMING");
     if (timing) std::fprintf(stderr, "application made after %lld ms\n", started.elapsed());
@@ -115,23 +122,16 @@ int main(int argc, char** argv) {
     try {
         shell::InitLibraryStore();
     } catch (const basic::RuntimeError& e) {
-        // Without its library the program cannot work: say which file and stop, touching nothing.
-        QString file;
-        for (int i = 1; i <= 3 && file.isEmpty(); ++i) {
-            const QString cs = shell::libraryConnectionString(basic::AppPath(), i);
-            store::Connection probe;
-            probe.setConnectionString(cs);
-            if (basic::resume([&] { probe.Open(); }).number() != 0) file = store::databasePath(cs);
-        }
-        const QString text = QStringLiteral("Vorlan cannot open its library file\n") + file +
-                             QStringLiteral("\n\n") + e.description() +
-                             QStringLiteral("\n\nThe file is missing or is not a Vorlan library file. "
-                                            "Reinstall the library and start again.");
+        // Without its library the program cannot work: say which file and where, and stop, touching nothing.
+        const QString text = shell::LibraryStartFault(basic::AppPath(), e.description());
         std::fprintf(stderr, "%s\n", qPrintable(text));
         forms::MsgBox(text, forms::vbCritical, QStringLiteral("Vorlan"));
         return 1;
     }
     if (timing) std::fprintf(stderr, "library open after %lld ms\n", started.elapsed());
+    // The books first: at the first start of this version, the return files of the version before are
+    // taken in as they are, before anything is made beside them.
+    if (!returns::PracticeReady()) return 1;
     if (!returns::ReturnStoresReady(basic::UserPath())) return 1;
     if (timing) std::fprintf(stderr, "return files ready after %lld ms\n", started.elapsed());
 

@@ -10,6 +10,7 @@
 #include "library/reader_bookmarks.h"
 #include "platform/forms/text_editor_window.h"
 #include "platform/forms/window_registry.h"
+#include "returns/book_chooser.h"
 #include "returns/frm_normal.h"
 #include "returns/frm_select.h"
 #include "shell/main_window.h"
@@ -44,6 +45,7 @@ void defineWindows() {
     forms::define(QStringLiteral("frmSelect"), [] { return new returns::frmSelect; });
     forms::define(QStringLiteral("frmEFiling"), [] { return new returns::frmEFiling; });
     forms::define(QStringLiteral("frmDirectToForm"), [] { return new returns::frmDirectToForm; });
+    forms::define(QStringLiteral("BookChooser"), [] { return new returns::BookChooser; });
     forms::define(QStringLiteral("help"), [] { return new shell::help; });
     forms::define(QStringLiteral("ack"), [] { return new shell::ack; });
     forms::define(QStringLiteral("Dealers"), [] { return new shell::Dealers; });

@@ -13,6 +13,7 @@ install(FILES ${VORLAN_PACKAGE_FILES}/${VORLAN_ID}.desktop DESTINATION share/app
 install(FILES ${VORLAN_PACKAGE_FILES}/${VORLAN_ID}.svg DESTINATION share/icons/hicolor/scalable/apps)
 install(FILES ${VORLAN_PACKAGE_FILES}/${VORLAN_ID}.png DESTINATION share/icons/hicolor/256x256/apps)
 install(FILES ${VORLAN_PACKAGE_FILES}/${VORLAN_ID}.metainfo.xml DESTINATION share/metainfo)
+install(FILES ${VORLAN_PACKAGE_FILES}/copyright DESTINATION share/doc/vorlan)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vorlan)

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QProgressDialog>
 #include <QPushButton>
 
 #include "platform/basic/runtime_error.h"
@@ -20,7 +21,9 @@
 #include "platform/store/database_file.h"
 #include "platform/store/errors.h"
 #include "platform/system/drives.h"
+#include "housekeeping/restore_choice.h"
 #include "returns/module2.h"
+#include "returns/practice_copy.h"
 
 namespace housekeeping {
 
@@ -96,6 +99,7 @@ frmBackUpRestore::frmBackUpRestore(QWidget* parent) : QWidget(parent) {
     forms::wire(Command7, &QPushButton::clicked, this, [this] { Command7_Click(); });
     forms::wire(Command6, &QPushButton::clicked, this, [this] { Command6_Click(); });
     forms::wire(Timer1, &forms::Timer::Tick, this, [this] { Timer1_Timer(); });
+    askWhatToRestore = [this](const std::vector<std::pair<QString, QString>>& dealers) { return AskWhatToRestore(this, dealers); };
 }
 
 void frmBackUpRestore::showEvent(QShowEvent* event) {
@@ -214,8 +218,10 @@ void frmBackUpRestore::Command7_Click() {
     if (!backupDriveWritable()) return;
     if (!backupDrive.isEmpty()) {
         const basic::RuntimeError e = basic::resume([&] {
+            returns::BackupBegins(sys::FileSystemObject::resolve(backupDrive + kFolder));
             copyReturnFile(QStringLiteral("TAXDATA.mdb"), backupDrive + kFolder + "\\TAXDATA.mdb");
             copyReturnFile(QStringLiteral("nwForm10DB.mdb"), backupDrive + kFolder + "\\nwForm10DB.mdb");
+            backUpPractice(backupDrive + kFolder);
             Label2->setText(QStringLiteral("BackUp  Path "));
             box();
             Label2->setText(QStringLiteral("BackUp  Path "));
@@ -226,21 +232,90 @@ void frmBackUpRestore::Command7_Click() {
     // Not caught: a folder that cannot be made (or is there already) ends in the run-time error box.
     fso.CreateFolder(selectedDrive + kFolder);
     const basic::RuntimeError e = basic::resume([&] {
+        returns::BackupBegins(sys::FileSystemObject::resolve(selectedDrive + kFolder));
         copyReturnFile(QStringLiteral("TAXDATA.mdb"), selectedDrive + kFolder + "\\TAXDATA.mdb");
         copyReturnFile(QStringLiteral("nwForm10DB.mdb"), selectedDrive + kFolder + "\\nwForm10DB.mdb");
+        backUpPractice(selectedDrive + kFolder);
         box();
     });
     if (e.number()) forms::MsgBox(e.description());
 }
 
 void frmBackUpRestore::Command6_Click() {
-    // No question first and no reconnecting after: each store operation connects anew.
+    // No question first and no reconnecting after: each store operation connects anew. Only a backup
+    // that holds dealers asks whether all of them or one comes back.
+    const QString folder = sys::FileSystemObject::resolve(backupDrive + kFolder);
+    std::optional<QString> onlyTin = QString();
+    const basic::RuntimeError asked = basic::resume([&] {
+        const returns::BackupContents saved = returns::ReadBackup(folder);
+        if (saved.practice && !saved.dealers.empty() && askWhatToRestore) {
+            std::vector<std::pair<QString, QString>> dealers;
+            for (const returns::Dealer& d : saved.dealers) dealers.emplace_back(d.tin, d.name);
+            onlyTin = askWhatToRestore(dealers);
+        }
+    });
+    if (!onlyTin) return;
     const basic::RuntimeError e = basic::resume([&] {
-        for (const char* file : {"TAXDATA.mdb", "nwForm10DB.mdb", "Form10Data.mdb"})
-            copyReturnFile(backupDrive + kFolder + "\\" + QLatin1String(file), QLatin1String(file));
+        if (asked.number()) throw asked;
+        restorePractice(folder, *onlyTin);
+        // The loose files go back into the book they were taken from, which may not be the one open now.
+        const std::optional<QString> target = returns::LooseFilesTarget(folder, *onlyTin);
+        if (target)
+            for (const char* file : {"TAXDATA.mdb", "nwForm10DB.mdb", "Form10Data.mdb"})
+                copyReturnFile(backupDrive + kFolder + "\\" + QLatin1String(file), *target + QLatin1Char('/') + QLatin1String(file));
         forms::MsgBox(QStringLiteral("File is   Restored    "), forms::vbInformation, kSuccessTitle);
     });
     if (e.number()) forms::MsgBox(e.description(), forms::vbCritical, QStringLiteral("Error"));
+}
+
+namespace {
+
+// A progress bar for the books, shown when copying them takes a while; the user may stop it.
+struct BookProgress {
+    QProgressDialog dialog;
+    bool stopped = false;
+    int done = 0, total = 0;
+    BookProgress(QWidget* parent, const QString& what) : dialog(what, QStringLiteral("Stop"), 0, 1, parent) {
+        dialog.setWindowTitle(QStringLiteral("Vorlan"));
+        dialog.setWindowModality(Qt::WindowModal);
+        dialog.setMinimumDuration(400);
+        dialog.setAutoClose(false);
+        dialog.setAutoReset(false);
+    }
+    bool step(int booksDone, int books) {
+        done = booksDone;
+        total = books;
+        if (dialog.maximum() != books) dialog.setMaximum(books);
+        dialog.setLabelText(QStringLiteral("%1 of %2 books").arg(booksDone).arg(books));
+        dialog.setValue(booksDone);
+        stopped = dialog.wasCanceled();
+        return !stopped;
+    }
+    void check(const QStringList& failed, const QString& doing) const {
+        QString text;
+        if (!failed.isEmpty())
+            text = doing + QStringLiteral(": these books were not copied, the others were:\n") + failed.join(u'\n');
+        if (stopped)
+            text += (text.isEmpty() ? QString() : QStringLiteral("\n\n")) +
+                    QStringLiteral("%1 stopped after %2 of %3 books.").arg(doing).arg(done).arg(total);
+        if (!text.isEmpty()) throw basic::RuntimeError(5, text);
+    }
+};
+
+}  // namespace
+
+void frmBackUpRestore::backUpPractice(const QString& backupFolder) {
+    BookProgress progress(this, QStringLiteral("Copying the books to the backup"));
+    const QStringList failed = returns::BackUpPractice(sys::FileSystemObject::resolve(backupFolder),
+                                                       [&](int done, int total) { return progress.step(done, total); });
+    progress.check(failed, QStringLiteral("The backup"));
+}
+
+void frmBackUpRestore::restorePractice(const QString& backupFolder, const QString& onlyTin) {
+    BookProgress progress(this, QStringLiteral("Bringing the books back"));
+    const QStringList failed =
+        returns::RestorePractice(backupFolder, onlyTin, [&](int done, int total) { return progress.step(done, total); });
+    progress.check(failed, QStringLiteral("The restore"));
 }
 
 // The files are databases, copied through the database itself: the copy is the last committed state

@@ -9,6 +9,7 @@
 #include <QToolButton>
 #include <cmath>
 
+#include "library/document_reader.h"
 #include "platform/documents/find_bar.h"
 #include "platform/forms/errors.h"
 #include "platform/forms/msgbox.h"
@@ -56,6 +57,7 @@ keralaforms::keralaforms()
     OLE1->setDataSource(MSRDC1);
     forms::place(OLE1, 2498, 360, 10245, 10290);
     documents::FindBar::attach(OLE1);
+    attachViewTools(this);
     forms::place(cmdCancelNonVisible, 0, 0, 15, 135);
     cmdCancelNonVisible->setFocusPolicy(Qt::NoFocus);
     resize(forms::twips(15240), forms::twips(8595));

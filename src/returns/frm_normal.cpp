@@ -61,6 +61,7 @@ frmNormal::frmNormal(QWidget* parent) : QWidget(parent) {
     Label3 = makeLabel(this, QStringLiteral("Dealer"), 5400, 240, 735, 255);
     Label4 = makeLabel(this, QStringLiteral("Details"), 5400, 480, 735, 255);
     lblCustomerName = makeLabel(this, QString(), 6240, 120, 4695, 735);
+    lblBook = makeLabel(this, QString(), 6240, 600, 4695, 255);
     Label46 = makeLabel(this, QStringLiteral("Place:"), 11160, 360, 735, 195);
     txtPlace = makeBox(this, 12000, 360, 2775, 195);
     Label47 = makeLabel(this, QStringLiteral("Date:"), 11280, 600, 615, 195);

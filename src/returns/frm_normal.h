@@ -195,6 +195,14 @@ public:
     // Close without showing the chooser: what the chooser's Cancel does to this window.
     void Unload();
 
+    // ---- the book the window works on (return_window_book.cpp) ------------------------------------------
+    // Under the dealer's name, the book's TIN and year; the title names all three.
+    QLabel* lblBook = nullptr;
+    // The title, the book's line and the place the return is signed at, from the book open now.
+    void showBook();
+    // After a load whose reads another program's lock passed over: one box naming the book.
+    void sayLockMet();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -258,6 +266,7 @@ private:
     void afterStoreWork(std::function<void()> box);
 
     bool loaded_ = false;
+    bool lockMet_ = false;   // a read of the load met another program's lock, and went on past it
     QString storeStep_;
     bool storeWorking_ = false;
     std::vector<std::function<void()>> afterStoreWork_;

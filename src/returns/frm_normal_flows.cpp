@@ -12,6 +12,7 @@
 #include "returns/frm_select.h"
 #include "returns/log.h"
 #include "returns/module2.h"
+#include "returns/return_book.h"
 #include "returns/store_work.h"
 
 #include <QSignalBlocker>
@@ -53,6 +54,7 @@ void frmNormal::Form_Load() {
         List4->setListIndex(0);
     }
     lblCustomerName->setText(DealerName);
+    showBook();
     fg1->setTextMatrix(1, 0, QStringLiteral("1"));
     fg1->setCol(1);
     procSetGrid();
@@ -80,6 +82,7 @@ void frmNormal::Form_Activate() {
     ignore([&] { txtGrid2->setText(fg2->Text()); });
     ignore([&] { fg1->setTextMatrix(1, 0, QStringLiteral("1")); });
     ignore([&] { fg2->setTextMatrix(1, 0, QStringLiteral("1")); });
+    sayLockMet();
 }
 
 // ---- the month list ------------------------------------------------------------------------------------
@@ -122,7 +125,7 @@ void frmNormal::commitMonth(bool enableList4, bool markFirstRows) {
         procSetGrid();
         procSetGrid2();
         txtDate->setText(today("dd-mm-yy"));
-        txtPlace->setText(QString());
+        txtPlace->setText(CurrentBook().place);   // the dealer's place; empty while no book is open
         // The emptied month shows its totals at once, as a month read from the store does.
         procTotalCal1();
         procTotalCal2();

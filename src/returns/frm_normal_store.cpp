@@ -4,6 +4,7 @@
 #include "platform/basic/variant.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/list_box.h"
+#include "platform/store/errors.h"
 #include "returns/frm_normal.h"
 #include "returns/log.h"
 #include "returns/module2.h"
@@ -159,7 +160,7 @@ void frmNormal::readBills(BillKind kind) {
         ignore([&] { procSetGrid2(); });
     }
     ignore([&] { SqlText = monthFilter(tableOf(int(kind))) + "ORDER BY BillDate"; });
-    ignore([&] { rsLookup.Open(SqlText, cnReturn, Recordset::adOpenDynamic); });
+    if (store::isLocked(ignore([&] { rsLookup.Open(SqlText, cnReturn, Recordset::adOpenDynamic); }))) lockMet_ = true;
     readRows(purchases ? this->purchases() : sales(),
              purchases ? &frmNormal::procGridCreateRow : &frmNormal::procCreateGridRow, [&](int row) {
                  ignore([&] {

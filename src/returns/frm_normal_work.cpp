@@ -69,7 +69,7 @@ bool frmNormal::runStoreWork(const StoreWords& words, const std::function<bool()
     procTotalCal2();
     qCWarning(lcReturns).noquote() << words.title << "while" << storeStep_ << ":" << failure.description();
     if (words.refusalIsRuntimeError && faultOf(failure) == StoreFault::Refused) forms::reportRuntimeError(failure);
-    else forms::MsgBox(failureText(words, failure, storeStep_, basic::UserPath() + QStringLiteral("/nwForm10DB.mdb")),
+    else forms::MsgBox(failureText(words, failure, storeStep_, basic::CurDir() + QStringLiteral("/nwForm10DB.mdb")),
                        forms::vbExclamation, words.title);
     return false;
 }

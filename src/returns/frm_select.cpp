@@ -8,8 +8,12 @@
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
 #include "platform/forms/window_registry.h"
+#include "returns/book_chooser.h"
 #include "returns/frm_normal.h"
+#include "returns/log.h"
 #include "returns/module2.h"
+#include "returns/practice_copy.h"
+#include "returns/return_books.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -70,6 +74,14 @@ frmSelect::frmSelect(QWidget* parent) : QWidget(parent) {
         return false;
     }));
     forms::wire(cmdClose, &QPushButton::clicked, this, [this] { cmdClose_Click(); });
+
+    lblBook = new QLabel(this);
+    forms::place(lblBook, 240, 60, 6520, 375);
+    lblBook->setTextFormat(Qt::PlainText);
+    cmdBook = new QPushButton(QStringLiteral("Dealer and &year"), this);
+    forms::place(cmdBook, 4200, 2760, 2055, 375);
+    cmdBook->setToolTip(QStringLiteral("Choose the dealer and the year of the return"));
+    forms::wire(cmdBook, &QPushButton::clicked, this, [this] { cmdBook_Click(); });
 }
 
 void frmSelect::Show() { forms::showForm(this, loaded_); }
@@ -77,15 +89,29 @@ void frmSelect::Show() { forms::showForm(this, loaded_); }
 void frmSelect::Form_Load() {
     move(forms::twips(4000), forms::twips(2500));
     resize(forms::twips(7000), forms::twips(4000));
+    // The last book used opens by itself.
+    if (HasPractice() && !BookIsOpen()) {
+        bookTrouble_.clear();
+        ignore([&] {
+            if (const std::optional<BookKey> last = LastBook(Register())) bookTrouble_ = OpenBook(BookOf(Register(), *last));
+        });
+    }
 }
 
-void frmSelect::Form_Activate() { Option1->setFocus(); }
+void frmSelect::Form_Activate() {
+    ShowBook();
+    Option1->setFocus();
+}
 
 void frmSelect::choose(QRadioButton* option) {
     if (!option->isEnabled()) return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     if (option == Option1) {
-        forms::get<frmNormal>(QStringLiteral("frmNormal"))->Show();
+        // Where books are kept, the return window opens on one: without it, the register comes first.
+        if (HasPractice() && !BookIsOpen()) {
+            cmdBook_Click();
+            thenReturnWindow_ = true;
+        } else forms::get<frmNormal>(QStringLiteral("frmNormal"))->Show();
     } else if (option == Option2) {
         forms::get(QStringLiteral("frmEFiling"))->show();
     } else {
@@ -128,6 +154,48 @@ void frmSelect::cmdClose_Click() {
     hide();
     if (forms::exists(QStringLiteral("frmNormal"))) forms::get<frmNormal>(QStringLiteral("frmNormal"))->Unload();
     forms::get(QStringLiteral("main"))->show();
+}
+
+void frmSelect::cmdBook_Click() {
+    auto* chooser = forms::get<BookChooser>(QStringLiteral("BookChooser"));
+    if (!chooser->property("wired").toBool()) {
+        chooser->setProperty("wired", true);
+        connect(chooser, &BookChooser::registerChanged, this, [this] { ShowBook(); });
+        connect(chooser, &BookChooser::bookOpened, this, [this] {
+            bookTrouble_.clear();
+            ShowBook();
+            // The return window shows the book just opened: open, it is loaded again; asked for, it opens now.
+            auto* normal = forms::get<frmNormal>(QStringLiteral("frmNormal"));
+            if (normal->isVisible() || thenReturnWindow_) {
+                normal->Unload();
+                normal->Show();
+            } else {
+                activateWindow();
+                Option1->setFocus();
+            }
+            thenReturnWindow_ = false;
+        });
+    }
+    thenReturnWindow_ = false;
+    chooser->show();
+    chooser->raise();
+    chooser->activateWindow();
+}
+
+void frmSelect::ShowBook() {
+    const bool practice = HasPractice();
+    lblBook->setVisible(practice);
+    cmdBook->setVisible(practice);
+    if (!practice) return;
+    if (BookIsOpen()) {
+        const ReturnBook& book = CurrentBook();
+        lblBook->setText(book.tin.isEmpty() ? QStringLiteral("For: %1, %2").arg(book.dealerName, book.yearText())
+                                            : QStringLiteral("For: %1, TIN %2, %3").arg(book.dealerName.left(120), book.tin, book.yearText()));
+    } else {
+        lblBook->setText(bookTrouble_.isEmpty() ? QStringLiteral("No dealer and year chosen yet: press Dealer and year.")
+                                                : bookTrouble_);
+    }
+    lblBook->setToolTip(lblBook->text());
 }
 
 }  // namespace returns

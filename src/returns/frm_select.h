@@ -21,6 +21,9 @@ public:
     QRadioButton* Option2 = nullptr;
     QRadioButton* Option3 = nullptr;
     QPushButton* cmdClose = nullptr;
+    // The book the return window will work on, and the way to the register to choose another.
+    QLabel* lblBook = nullptr;
+    QPushButton* cmdBook = nullptr;
 
     // The language's Show: Form_Load on first showing, then Form_Activate.
     Q_INVOKABLE void Show();
@@ -34,10 +37,15 @@ public:
     void Option3_DblClick();
     void Option3_KeyPress(int KeyAscii);
     void cmdClose_Click();
+    void cmdBook_Click();
+    // The line naming the book open now, or saying why there is none.
+    void ShowBook();
 
 private:
     void choose(QRadioButton* option);
     bool loaded_ = false;
+    QString bookTrouble_;   // why the last book did not open by itself
+    bool thenReturnWindow_ = false;   // the register was reached by Form No. 52
 };
 
 // The month's lists for filing on line, and the checks before filing.

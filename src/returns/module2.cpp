@@ -4,6 +4,7 @@
 #include "platform/basic/variant.h"
 #include "returns/return_schema.h"
 
+#include <QFileInfo>
 #include <QLineEdit>
 
 namespace returns {
@@ -28,9 +29,12 @@ const QString kDriver = QStringLiteral("Driver={Microsoft Access Driver (*.mdb)}
 }
 
 void ConnectReturnStore() {
-    CreateReturnStores(basic::UserPath());
+    // Made when missing. A file that is there is not read here: another program's lock is met by the
+    // first statement, where the routine's own handling of errors stands.
+    const QString folder = basic::CurDir();
+    if (!QFileInfo::exists(folder + QStringLiteral("/nwForm10DB.mdb"))) CreateReturnStores(folder);
     cnReturn = store::Connection();
-    cnReturn.setConnectionString(kDriver + basic::UserPath() + "\\nwForm10DB.mdb");
+    cnReturn.setConnectionString(kDriver + folder + "\\nwForm10DB.mdb");
     cnReturn.Open();
     rsLookup = store::Recordset();
     rsBills = store::Recordset();
@@ -41,7 +45,7 @@ void ReleaseReturnStores() {
     // Dropping the connection is what frees the file; nothing opens the new one, so no Close is needed.
     cnReturn = store::Connection();
     for (const char* file : {"\\nwForm10DB.mdb", "\\Form10Data.mdb", "\\TAXDATA.mdb"}) {
-        cnReturn.setConnectionString(kDriver + basic::UserPath() + QString::fromLatin1(file));
+        cnReturn.setConnectionString(kDriver + basic::CurDir() + QString::fromLatin1(file));
         if (cnReturn.State() == 1) cnReturn.Close();
     }
 }

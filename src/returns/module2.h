@@ -17,7 +17,7 @@ extern store::Recordset rsBills;        // writes, deletes, ClearTable
 extern store::Recordset rsReport;       // report staging
 extern QString SqlText;                 // the statement being built, by concatenation, unescaped
 
-// The dealer of the return. No window assigns them, so every record belongs to the dealer "".
+// The dealer of the return: the open book's (return_books.h); empty, the dealer "", while none is open.
 extern QString DealerCode;
 extern QString DealerName;
 extern QString DealerTIN;
@@ -30,8 +30,8 @@ extern QString ReturnYearKey;
 extern QString ReturnSequenceKey;
 extern QString ReturnPeriodKey;
 
-// A fresh connection on nwForm10DB.mdb in the program folder, and fresh recordsets; the old connection
-// is let go, not closed. The return files are made first when missing.
+// A fresh connection on nwForm10DB.mdb in the program's current folder (the open book's), and fresh
+// recordsets; the old connection is let go, not closed. The return files are made first when missing.
 void ConnectReturnStore();
 
 // Lets go of the return files before a backup or restore copies them.

@@ -148,7 +148,7 @@ void frmNormal::procLoadRptSales() { stageBills(BillKind::Sales); }
 void frmNormal::printRegister(const QString& templateFile) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const basic::RuntimeError failure = basic::resume([&] {
-        CrystalReport1->setDataFiles(0, basic::UserPath() + "\\nwForm10DB.mdb");
+        CrystalReport1->setDataFiles(0, basic::CurDir() + "\\nwForm10DB.mdb");
         CrystalReport1->setReportFileName(basic::AppPath() + templateFile);
         CrystalReport1->setWindowState(2);
         CrystalReport1->setAction(1);

@@ -24,7 +24,8 @@ struct ReturnBook {
 // The financial year a date falls in: 2025 for any day from 1 April 2025 to 31 March 2026.
 int FinancialYearOf(int year, int month);
 
-// The book the return window works on now.
+// The book the return window works on now: the book open (return_books.h), or while none is, the
+// return files of the program's current folder in the financial year of today.
 const ReturnBook& CurrentBook();
 
 }  // namespace returns

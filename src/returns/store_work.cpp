@@ -2,6 +2,7 @@
 
 #include "platform/store/errors.h"
 #include "returns/frm_normal.h"
+#include "returns/return_books.h"
 
 #include <QDir>
 
@@ -28,6 +29,9 @@ QString failureText(const StoreWords& words, const basic::RuntimeError& error, c
     case StoreFault::DiskFull:
         return nothing + QStringLiteral("the disk is full") + at + kept + QStringLiteral("free some space on the disk") + again;
     case StoreFault::Locked:
+        if (BookIsOpen())
+            return nothing + OpenElsewhereText(CurrentBook()) + at + kept +
+                   QStringLiteral("close it there, or wait until its work is done,") + again;
         return nothing + QStringLiteral("another program is using the return file ") + where + at + kept +
                QStringLiteral("close the other program, or wait until it is done,") + again;
     case StoreFault::ReadOnly:

@@ -285,7 +285,7 @@ void main::Picture6_Click() {
 
 void main::writeFrmFlg(int value) {
     store::Connection cn;
-    cn.setConnectionString(QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + basic::UserPath() +
+    cn.setConnectionString(QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + basic::CurDir() +
                            QStringLiteral("\\nwForm10DB.mdb"));
     cn.Open();
     store::Recordset rs;

@@ -36,6 +36,12 @@ for f in nwForm10DB.mdb Form10Data.mdb TAXDATA.mdb; do
 done
 [ "$(listing)" = "$before" ] || fail "something was written under usr: $(diff <(echo "$before") <(listing))"
 
+bash "$(dirname "$0")/no_display_test.sh" "$usr/bin/vorlan" "${as_user[@]}" || fail "the program started without a display"
+copyright="$usr/share/doc/vorlan/copyright"
+[ -f "$copyright" ] || fail "no /usr/share/doc/vorlan/copyright"
+head -n 1 "$copyright" | grep -qx 'Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/' ||
+  fail "the copyright file is not in Debian's format"
+
 desktop-file-validate "$usr"/share/applications/*.desktop || fail "desktop entry"
 if command -v appstreamcli >/dev/null; then
   appstreamcli validate --no-net "$usr"/share/metainfo/*.metainfo.xml >/dev/null || fail "metainfo"

@@ -7,7 +7,7 @@
 #include <QCryptographicHash>
 #include <QDate>
 #include <QRegularExpression>
-#include <QSet>
+#include <QHash>
 
 #include <sqlite3.h>
 
@@ -91,7 +91,9 @@ QString datedLine(const QString& text)
 std::vector<DocumentText> readDocumentTexts(const std::vector<TableRows>& tables)
 {
     std::vector<DocumentText> texts;
-    QSet<QByteArray> seen;
+    // Rows may store the same bytes (one file named by many rows); each row is found by search, so each
+    // has its entry, and the text is read once.
+    QHash<QByteArray, QString> read;
     for (const DocumentTable& kind : kDocumentTables) {
         for (const TableRows& rows : tables) {
             if (rows.table != QLatin1String(kind.table))
@@ -103,17 +105,19 @@ std::vector<DocumentText> readDocumentTexts(const std::vector<TableRows>& tables
                 if (!bytes || (rows.table.startsWith("Globalvat") && title == "default"))
                     continue;
                 const QByteArray digest = QCryptographicHash::hash(*bytes, QCryptographicHash::Sha1);
-                if (seen.contains(digest))
-                    continue;
-                seen.insert(digest);
-                const documents::PlainText plain = documents::plainTextOf(*bytes);
-                if (!plain.fault.isEmpty())
-                    throw BuildError{row.origin + ": document '" + row.document + "' cannot be read: " + plain.fault};
+                auto known = read.constFind(digest);
+                if (known == read.cend()) {
+                    const documents::PlainText plain = documents::plainTextOf(*bytes);
+                    if (!plain.fault.isEmpty())
+                        throw BuildError{row.origin + ": document '" + row.document + "' cannot be read: " + plain.fault};
+                    known = read.insert(digest, plain.text);
+                }
+                const QString& text = *known;
                 // A section's name is its number; what it is about stands in its description.
                 const QString about = textAt(row, rows, "SecDesc").trimmed();
                 texts.push_back({rows.table, i, title.trimmed() + (about.isEmpty() ? QString() : " — " + about),
                                  *kind.kind ? QString(kind.kind) : keralaKind(textAt(row, rows, "type"), title),
-                                 datedLine(plain.text), plain.text});
+                                 datedLine(text), text});
             }
         }
     }

@@ -16,7 +16,7 @@ struct DocumentText {
     QString title, kind, date, text;
 };
 
-// One entry for each distinct document: rows that store the same bytes share the first row's entry.
+// One entry for each row that holds a document, rows that store the same bytes too.
 // The stand-by document is no document of the law and stays out. Throws BuildError.
 std::vector<DocumentText> readDocumentTexts(const std::vector<TableRows>& tables);
 

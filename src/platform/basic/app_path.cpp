@@ -13,6 +13,10 @@ QString& userPath() {
     static QString path;
     return path;
 }
+QString& currentPath() {
+    static QString path;
+    return path;
+}
 QString withoutTrailingSlash(QString f) {
     while (f.size() > 1 && f.endsWith(u'/')) f.chop(1);
     return f;
@@ -31,7 +35,12 @@ QString UserPath() { return userPath().isEmpty() ? AppPath() : userPath(); }
 void SetFolders(const QString& program, const QString& user) {
     appPath() = withoutTrailingSlash(program);
     userPath() = withoutTrailingSlash(user);
+    currentPath().clear();
 }
+
+QString CurDir() { return currentPath().isEmpty() ? UserPath() : currentPath(); }
+
+void ChDir(const QString& folder) { currentPath() = withoutTrailingSlash(folder); }
 
 QString NativePath(const QString& systemPath) {
     QString p = systemPath;

@@ -14,6 +14,11 @@ void SetAppPath(const QString& folder);  // one folder for both: tests with thei
 QString UserPath();
 void SetFolders(const QString& program, const QString& user);
 
+// CurDir: the program's current folder, where a file named without a folder lies. It is the user's
+// folder until ChDir points it elsewhere; SetAppPath and SetFolders bring it back to the user's folder.
+QString CurDir();
+void ChDir(const QString& folder);
+
 // A path as the system writes it, with "\\" between folders, in the machine's own form.
 QString NativePath(const QString& systemPath);
 

@@ -12,8 +12,10 @@ namespace basic {
 Folders ChooseFolders(const QString& executableFolder, const QStringList& shippedFiles,
                       const QString& userDataLocation, bool besideWritable) {
     const QDir beside(executableFolder);
-    bool holdsShipped = !shippedFiles.isEmpty();
-    for (const QString& file : shippedFiles) holdsShipped = holdsShipped && beside.exists(file);
+    // Any one of them marks the folder: a file missing from it is then named where the user put the rest,
+    // not looked for in a folder the user never chose.
+    bool holdsShipped = false;
+    for (const QString& file : shippedFiles) holdsShipped = holdsShipped || beside.exists(file);
     if (holdsShipped && besideWritable) return {executableFolder, executableFolder};
     const QString program = holdsShipped ? executableFolder : QDir::cleanPath(beside.filePath("../share/vorlan"));
     return {program, userDataLocation};

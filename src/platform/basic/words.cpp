@@ -6,9 +6,11 @@ namespace {
 
 constexpr char32_t kZeroWidthNonJoiner = 0x200C, kZeroWidthJoiner = 0x200D;
 constexpr char16_t kMalayalamVirama = 0x0D4D;
+// Where a word may break at a line's end: part of the word, not a cut in it ("tel\-lurian" in RTF).
+constexpr char16_t kSoftHyphen = 0x00AD;
 
 bool inWord(char32_t c) {
-    if (c == kZeroWidthNonJoiner || c == kZeroWidthJoiner) return true;
+    if (c == kZeroWidthNonJoiner || c == kZeroWidthJoiner || c == kSoftHyphen) return true;
     switch (QChar::category(c)) {
     case QChar::Letter_Uppercase:
     case QChar::Letter_Lowercase:
@@ -40,7 +42,7 @@ QString foldWord(QStringView word) {
     folded.reserve(word.size());
     for (const QChar c : word) {
         const char16_t u = c.unicode();
-        if (u == kZeroWidthJoiner || u == kZeroWidthNonJoiner) continue;
+        if (u == kZeroWidthJoiner || u == kZeroWidthNonJoiner || u == kSoftHyphen) continue;
         if (const char16_t base = chilluBase(u)) {
             folded += QChar(base);
             folded += QChar(kMalayalamVirama);

@@ -1,11 +1,13 @@
 #include "platform/documents/find_bar.h"
 
 #include "platform/documents/document_view.h"
+#include "platform/documents/pdf_marks.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPdfView>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QToolButton>
@@ -67,7 +69,7 @@ FindBar::FindBar(DocumentView* view)
     connect(next, &QToolButton::clicked, this, [this] { findNext(); });
     connect(closer, &QToolButton::clicked, this, [this] { close(); });
     // Another document in the view: its hits, not the last one's.
-    connect(view->textBrowser(), &QTextEdit::textChanged, this, [this] {
+    connect(view, &DocumentView::shown, this, [this] {
         if (isVisible()) find();
     });
     field->installEventFilter(this);
@@ -77,7 +79,9 @@ FindBar::FindBar(DocumentView* view)
 void FindBar::open() {
     QTextBrowser* text = view_->textBrowser();
     const QTextCursor selected = text->textCursor();
-    if (!isVisible()) {
+    if (!isVisible() && view_->kind() == Kind::Pdf) {
+        from_ = PdfMarks::of(view_)->firstVisiblePosition();
+    } else if (!isVisible()) {
         from_ = text->cursorForPosition(QPoint(0, 0)).position();
         // A word or phrase already selected (a hit of a library search) is what the user wants found.
         const QString words = selected.selectedText();
@@ -97,8 +101,9 @@ void FindBar::close() {
     hide();
     hits_.clear();
     current_ = -1;
-    showHits(view_->textBrowser(), hits_, -1);
-    view_->textBrowser()->setFocus();
+    showHitsIn(view_, hits_, -1);
+    if (view_->kind() == Kind::Pdf) view_->pdfView()->setFocus();
+    else view_->textBrowser()->setFocus();
 }
 
 void FindBar::findNext() { go(1); }
@@ -107,8 +112,8 @@ void FindBar::findPrevious() { go(-1); }
 void FindBar::collect() {
     hits_.clear();
     const QString needle = field->text();
-    if (needle.isEmpty() || view_->kind() == Kind::Pdf || view_->kind() == Kind::None) return;
-    const QString text = view_->plainText();
+    if (needle.isEmpty() || view_->kind() == Kind::None) return;
+    const QString text = searchableText(view_);
     for (qsizetype at = text.indexOf(needle, 0, Qt::CaseInsensitive); at >= 0;
          at = text.indexOf(needle, at + needle.size(), Qt::CaseInsensitive))
         hits_.push_back({int(at), int(at + needle.size())});
@@ -141,7 +146,7 @@ void FindBar::go(int step) {
 void FindBar::show(int current) {
     current_ = current;
     if (current >= 0) from_ = hits_[current].start;
-    showHits(view_->textBrowser(), hits_, current, isVisible() ? height() : 0);
+    showHitsIn(view_, hits_, current, isVisible() ? height() : 0);
     if (field->text().isEmpty()) count->clear();
     else if (hits_.empty()) count->setText(QStringLiteral("Not found"));
     else count->setText(QStringLiteral("%1 of %2").arg(current + 1).arg(hits_.size()));

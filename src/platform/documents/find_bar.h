@@ -2,7 +2,7 @@
 // The find bar of a document view: Ctrl+F in the view's window opens it over the foot of the view. It finds
 // as the user types, without regard to case, lights every hit and says "3 of 17"; Enter or F3 goes to the
 // next hit, Shift+Enter or Shift+F3 to the one before, both round the ends; Esc closes it and its marks.
-// For RTF, HTML and text documents; over a PDF it finds nothing.
+// For RTF, HTML and text documents, and for a PDF in the text of its pages.
 #include <QFrame>
 #include <vector>
 

@@ -2,6 +2,7 @@
 
 #include "platform/basic/words.h"
 #include "platform/documents/document_view.h"
+#include "platform/documents/pdf_marks.h"
 
 #include <QScrollBar>
 #include <QTextBrowser>
@@ -67,10 +68,19 @@ std::vector<TextRange> findTerms(const QString& plainText, const std::vector<sto
     return apart;
 }
 
+QString searchableText(DocumentView* view) {
+    return view->kind() == Kind::Pdf ? PdfMarks::of(view)->text() : view->plainText();
+}
+
+void showHitsIn(DocumentView* view, const std::vector<TextRange>& hits, int current, int coveredBelow) {
+    if (view->kind() == Kind::Pdf) PdfMarks::of(view)->show(hits, current, coveredBelow);
+    else showHits(view->textBrowser(), hits, current, coveredBelow);
+}
+
 int markSearchHits(DocumentView* view, const store::TextQuery& query) {
-    if (view->kind() == Kind::Pdf || view->kind() == Kind::None) return 0;
-    const std::vector<TextRange> hits = findTerms(view->plainText(), query.sought());
-    showHits(view->textBrowser(), hits, hits.empty() ? -1 : 0);
+    if (view->kind() == Kind::None) return 0;
+    const std::vector<TextRange> hits = findTerms(searchableText(view), query.sought());
+    showHitsIn(view, hits, hits.empty() ? -1 : 0);
     return int(hits.size());
 }
 

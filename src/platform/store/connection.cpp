@@ -107,7 +107,7 @@ static QString poolKeyOf(const QString& path, const QString& key) {
     return QFileInfo(path).canonicalFilePath() + u'\n' + key;
 }
 
-sqlite3* openHandle(const QString& path, const QString& key, int flags) {
+sqlite3* openHandle(const QString& path, const QString& key, int flags, bool passLocks) {
     sqlite3* db = nullptr;
     const auto fail = [&db] {
         basic::RuntimeError e = databaseError(db);
@@ -116,14 +116,16 @@ sqlite3* openHandle(const QString& path, const QString& key, int flags) {
     };
     if (sqlite3_open_v2(QFile::encodeName(path).constData(), &db, flags, nullptr) != SQLITE_OK) fail();
     // The wait must stand before the first read: that read is the one that meets another program's lock.
-    sqlite3_busy_timeout(db, 2000);
+    sqlite3_busy_timeout(db, passLocks ? 0 : 2000);
     if (!key.isEmpty()) {
         const QByteArray k = key.toUtf8();
         sqlite3_key(db, k.constData(), int(k.size()));
     }
     // The key is only tried by the first read: make that read now, so a wrong key fails here. The read
     // also rolls back what a program stopped in the middle of a transaction left in the file.
-    if (sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK) fail();
+    const int read = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
+    if (read != SQLITE_OK && !(passLocks && read == SQLITE_BUSY)) fail();
+    sqlite3_busy_timeout(db, 2000);
     if (pageLimit > 0) {
         const QByteArray pragma = "PRAGMA max_page_count = " + QByteArray::number(pageLimit);
         sqlite3_exec(db, pragma.constData(), nullptr, nullptr, nullptr);
@@ -144,7 +146,9 @@ static void prepareHandle(sqlite3* db) {
 
 std::shared_ptr<Database> Database::open(const QString& path, const QString& key, bool create, bool readOnly) {
     std::shared_ptr<Database> db(new Database);
-    db->db_ = openHandle(path, key, openFlags(create, readOnly));
+    // A connection opens as the old driver's did, without waiting on the file: a lock meets the first
+    // statement, where the caller's error handling already stands.
+    db->db_ = openHandle(path, key, openFlags(create, readOnly), true);
     db->path_ = path;
     db->key_ = key;
     db->readOnly_ = readOnly;

@@ -15,8 +15,10 @@ extern int pageLimit;
 
 // A handle on the file, with the busy wait in force before its first statement and the page limit
 // of setPageLimit; the first read is made here, so that a wrong key or a damaged file fails at once.
-// Throws the database's error; nothing is left open then.
-sqlite3* openHandle(const QString& path, const QString& key, int flags);
+// Throws the database's error; nothing is left open then. With passLocks, another program's lock
+// neither stops nor delays the opening: that first read does not wait, and a file it finds locked is
+// left to the statements that follow, which wait for it as always.
+sqlite3* openHandle(const QString& path, const QString& key, int flags, bool passLocks = false);
 
 class Database {
 public:

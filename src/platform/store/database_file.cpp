@@ -8,9 +8,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
@@ -58,10 +60,12 @@ QString firstRow(sqlite3* db, const char* sql) {
     return text;
 }
 
-// The temporary file takes the place of `path`, and the folder's entry is made lasting.
-void putInPlace(const QString& temporary, const QString& path) {
+// The temporary file takes the place of `path`, and the folder's entry is made lasting (or left to the
+// caller, who makes a whole set lasting at once).
+void putInPlace(const QString& temporary, const QString& path, bool lasting = true) {
     if (std::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(path).constData()) != 0)
         throw storeError(kPermissionDenied);
+    if (!lasting) return;
     const int folder = ::open(QFile::encodeName(QFileInfo(path).absolutePath()).constData(), O_RDONLY);
     if (folder >= 0) {
         ::fsync(folder);
@@ -106,7 +110,11 @@ void BuildDatabaseFile(const QString& path, const QStringList& statements) {
     }
 }
 
-void CopyDatabaseFile(const QString& from, const QString& to) {
+namespace {
+
+// One copy of CopyDatabaseFile. When `lasting` is false the copy is written without forcing it to the
+// disk, and the caller makes a whole set of copies lasting at once.
+void copyDatabase(const QString& from, const QString& to, bool lasting) {
     if (!QFileInfo(from).isFile()) throw storeError(kFileNotFound);
     if (!QFileInfo(to).dir().exists()) throw storeError(kPathNotFound);
     const QString temporary = temporaryName(to);
@@ -123,6 +131,8 @@ void CopyDatabaseFile(const QString& from, const QString& to) {
         }
         Handle source(opened);
         Handle copy(detail::openHandle(temporary, QString(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
+        // The temporary file is removed whole if anything stops here, so it needs no journal of its own.
+        if (!lasting) copy.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
         sqlite3_backup* backup = sqlite3_backup_init(copy.db, "main", source.db, "main");
         if (!backup) throw databaseError(copy.db);
         const int stepped = sqlite3_backup_step(backup, -1);
@@ -133,12 +143,45 @@ void CopyDatabaseFile(const QString& from, const QString& to) {
         copy.close();
         source.close();
         settleJournal(to);
-        putInPlace(temporary, to);
+        putInPlace(temporary, to, lasting);
     } catch (...) {
         removeWithJournal(temporary);
         throw;
     }
     detail::Database::reopenAll(to);
+}
+
+// Everything written to the file systems of these files reaches the disk.
+void syncFileSystems(const QStringList& files) {
+    QSet<dev_t> done;
+    for (const QString& file : files) {
+        struct stat info {};
+        if (::stat(QFile::encodeName(file).constData(), &info) != 0 || done.contains(info.st_dev)) continue;
+        done.insert(info.st_dev);
+        const int fd = ::open(QFile::encodeName(file).constData(), O_RDONLY);
+        if (fd < 0) continue;
+        ::syncfs(fd);
+        ::close(fd);
+    }
+}
+
+}  // namespace
+
+void CopyDatabaseFile(const QString& from, const QString& to) { copyDatabase(from, to, true); }
+
+std::vector<DatabaseCopyFailure> CopyDatabaseFiles(const std::vector<DatabaseCopy>& copies,
+                                                   const std::function<bool(int)>& progress) {
+    std::vector<DatabaseCopyFailure> failures;
+    QStringList copied;
+    for (int i = 0; i < int(copies.size()); ++i) {
+        const basic::RuntimeError e = basic::resume([&] { copyDatabase(copies[size_t(i)].from, copies[size_t(i)].to, false); });
+        if (e.number() != 0) failures.push_back({i, e});
+        else if (copied.isEmpty() || QFileInfo(copied.back()).path() != QFileInfo(copies[size_t(i)].to).path())
+            copied << copies[size_t(i)].to;
+        if (progress && !progress(i + 1)) break;
+    }
+    syncFileSystems(copied);
+    return failures;
 }
 
 QString CheckDatabaseFile(const QString& path) {

@@ -37,7 +37,7 @@ FileSystemObject::FileSystemObject(ByteCopy copy) : copy_(std::move(copy)) {}
 QString FileSystemObject::resolve(const QString& path) {
     QString native = path;
     native.replace('\\', '/');
-    return QDir::cleanPath(QDir(basic::UserPath()).filePath(native));
+    return QDir::cleanPath(QDir(basic::CurDir()).filePath(native));
 }
 
 bool FileSystemObject::FolderExists(const QString& folder) const { return QFileInfo(resolve(folder)).isDir(); }

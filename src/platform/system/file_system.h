@@ -1,8 +1,8 @@
 #pragma once
 // The file-system object the windows copy the user's data with: CopyFile, CreateFolder, FolderExists,
 // with the run-time errors the old one raised. Paths are written with "\" and mapped here; a path
-// without a folder is taken in the user's folder, the current folder of the program, where the
-// return files lie.
+// without a folder is taken in the program's current folder (basic::CurDir), where the return files
+// in use lie.
 #include <QIODevice>
 #include <QString>
 #include <functional>
@@ -18,7 +18,7 @@ class FileSystemObject {
 public:
     explicit FileSystemObject(ByteCopy copy = copyAllBytes);
 
-    // The path as the machine writes it: "\" read as "/", relative to the user's folder.
+    // The path as the machine writes it: "\" read as "/", relative to the current folder.
     static QString resolve(const QString& path);
 
     bool FolderExists(const QString& folder) const;

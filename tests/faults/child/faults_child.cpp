@@ -5,16 +5,22 @@
 //                                         before each press and "added N" after it; with "spill" the store
 //                                         keeps few pages in memory, so that they reach the file early
 //   lock <file> <ms>                      holds a write lock on the file, printing "locked", then lets go
+//   book <folder> <tin> <year> <ms>       opens the book of the practice in the user's folder, printing
+//                                         "opened" or why not, holds it, then ends
+//   backup <folder> <backup folder>       backs the practice up, printing "copied N" after each book
 #include "platform/basic/app_path.h"
 #include "platform/basic/clock.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/msgbox.h"
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
+#include "returns/practice_copy.h"
+#include "returns/return_books.h"
 #include "returns/return_schema.h"
 
 #include <QApplication>
 #include <QFile>
+#include <QStandardPaths>
 #include <QThread>
 #include <cstdio>
 #include <sqlite3.h>
@@ -64,6 +70,24 @@ int lock(const QString& file, int ms) {
     return sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK && sqlite3_close(db) == SQLITE_OK ? 0 : 2;
 }
 
+int book(const QString& folder, const QString& tin, int year, int ms) {
+    basic::SetAppPath(folder);
+    const QString failed = returns::OpenBook(returns::BookOf(returns::Register(), {tin, year}));
+    say(failed.isEmpty() ? QStringLiteral("opened") : failed);
+    QThread::msleep(ms);
+    return failed.isEmpty() ? 0 : 1;
+}
+
+int backup(const QString& folder, const QString& backupFolder) {
+    basic::SetAppPath(folder);
+    returns::BackupBegins(backupFolder);
+    returns::BackUpPractice(backupFolder, [](int done, int) {
+        say(QStringLiteral("copied %1").arg(done));
+        return true;
+    });
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -73,6 +97,9 @@ int main(int argc, char** argv) {
     forms::MsgBoxRecorder boxes;
     if (args.value(1) == "add") return add(args[2], args.value(3).toInt(), args.value(4).toInt(), args.value(5) == "spill");
     if (args.value(1) == "lock") return lock(args[2], args.value(3).toInt());
+    QStandardPaths::setTestModeEnabled(true);   // the settings of the user are not the child's
+    if (args.value(1) == "book") return book(args[2], args[3], args.value(4).toInt(), args.value(5).toInt());
+    if (args.value(1) == "backup") return backup(args[2], args[3]);
     if (args.value(1) != "start") return 2;
     const bool ready = returns::ReturnStoresReady(args[2]);
     for (const auto& box : boxes.boxes()) say(box.text);

@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-TEST(ChooseFolders, BesideTheProgramOnlyWhenItHoldsTheShippedFilesAndCanBeWritten) {
+TEST(ChooseFolders, BesideTheProgramWhenItHoldsShippedFilesAndCanBeWritten) {
     QTemporaryDir root;
     const QString bin = root.filePath("usr/bin"), data = root.filePath("home/.local/share/Vorlan");
     const QString shared = root.filePath("usr/share/vorlan");
@@ -19,7 +19,8 @@ TEST(ChooseFolders, BesideTheProgramOnlyWhenItHoldsTheShippedFilesAndCanBeWritte
         {{"a.mdb", "b.mdb"}, false, bin, data},        // a copy on a read-only medium
         {{}, true, shared, data},                      // installed, started by root
         {{}, false, shared, data},                     // installed
-        {{"a.mdb"}, true, shared, data},               // half a library is none
+        {{"a.mdb"}, true, bin, bin},                   // half a library: the other half is missing here
+        {{"b.mdb"}, false, bin, data},
     };
     for (const auto& c : cases) {
         for (const QString& f : shipped) QFile::remove(bin + "/" + f);

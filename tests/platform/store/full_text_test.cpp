@@ -36,6 +36,7 @@ TEST_F(StoreFixture, FindsWholeWordsAndRanksTitlesFirst) {
         {"malayalam", "കൈത്തറി", "കൈത്തറി തുണിത്തരങ്ങൾക്ക് നികുതി ഇളവ് അനുവദിക്കുന്നു."},
         {"consonants", "Split", "നിക ത, the consonants of that word with no vowel signs."},
         {"dash", "Dashes", "Goods—exempt from tax; a naïve café."},
+        {"soft", "Soft", "A tel\u00ADlurian metal, broken where a line may end."},
     };
     for (const auto& r : rows)
         cn.Execute(QStringLiteral("INSERT INTO Words VALUES ('%1', '%2', '%3')").arg(r[0], r[1], r[2]));
@@ -46,6 +47,7 @@ TEST_F(StoreFixture, FindsWholeWordsAndRanksTitlesFirst) {
         {"നികുതി", "malayalam", "കൈത്തറി തുണിത്തരങ്ങൾക്ക് \x02നികുതി\x03 ഇളവ് അനുവദിക്കുന്നു."},
         {"ഇളവ്", "malayalam", "കൈത്തറി തുണിത്തരങ്ങൾക്ക് നികുതി \x02ഇളവ്\x03 അനുവദിക്കുന്നു."},
         {"exempt NAÏVE", "dash", "Goods—\x02" "exempt\x03 from tax; a \x02naïve\x03 café."},
+        {"tellurian", "soft", "A \x02tel\u00ADlurian\x03 metal, broken where a line may end."},
     };
     for (const auto& c : cases) {
         QStringList keys;

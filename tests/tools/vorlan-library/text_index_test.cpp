@@ -1,5 +1,5 @@
-// The text index the builder writes into the first library file: one entry for each distinct document,
-// with the key that shows it, its kind and its date; and the words of a PDF's text layer.
+// The text index the builder writes into the first library file: an entry for each row with a document,
+// with the key that shows it, its kind and its date; and which rows the words of a document find.
 #include "library_files.h"
 
 #include <QPainter>
@@ -9,7 +9,7 @@ using namespace libtest;
 
 namespace {
 
-TEST(TextIndex, HoldsEachDocumentOnceWithItsKindAndDate)
+TEST(TextIndex, HoldsEachRowWithItsKindAndDate)
 {
     const struct { QString key, title, kind, date; } cases[] = {
         {"Kerala:300", "Circular 18/2009 — Input tax credit on capital goods used partly for exempted sales",
@@ -24,8 +24,8 @@ TEST(TextIndex, HoldsEachDocumentOnceWithItsKindAndDate)
         {"Kerala:31", "FORM 1 — Application for registration", "Form", ""},
         {"Allshedule:3", "Third Schedule - Goods taxed at 4 per cent", "Schedule", ""},
         {"CAPractice:2", "Audit programme for dealers", "Form", ""},
-        // The rows that share a document, and the stand-by page, have no entry of their own.
-        {"Kerala:104", "", "", ""},
+        // A row whose file another row names too has its own entry; the stand-by page has none.
+        {"Kerala:104", "FORMI", "Form", ""},
         {"Globalvat:1", "", "", ""},
     };
     const QString dir = sampleLibrary();
@@ -35,23 +35,54 @@ TEST(TextIndex, HoldsEachDocumentOnceWithItsKindAndDate)
     EXPECT_EQ(query(dir, kFile1, "SELECT key FROM LibraryText WHERE LibraryText MATCH 'boiler'"), QStringList{"Kerala:300"});
 }
 
-TEST(TextIndex, ReadsTheTextLayerOfAPdf)
-{
-    QTemporaryDir work;
-    const QString source = work.filePath("library");
-    copyTree(kSource, source);
-    QFile kerala(source + "/Kerala.tsv");
-    ASSERT_TRUE(kerala.open(QIODevice::Append));
-    kerala.write("400\tSRO 9/2014\tLatex\tNotification\t0\tsro-9-2014.pdf\n");
-    kerala.close();
-    QPdfWriter writer(source + "/documents/sro-9-2014.pdf");
-    QPainter painter(&writer);
-    painter.drawText(200, 400, "Centrifuged latex bears tax at five per cent.");
-    painter.end();
+// The sample library and a few rows more, built once.
+class TextIndexFinds : public ::testing::TestWithParam<std::pair<const char*, QStringList>> {
+protected:
+    static void SetUpTestSuite()
+    {
+        work = new QTemporaryDir;
+        const QString source = work->filePath("library");
+        copyTree(kSource, source);
+        QFile kerala(source + "/Kerala.tsv");
+        ASSERT_TRUE(kerala.open(QIODevice::Append));
+        kerala.write("400\tSRO 9/2014\tLatex\tNotification\t0\tsro-9-2014.pdf\n"
+                     "401\tCircular 9/2014\tMetals\tCircular\t0\tmetals.rtf\n"
+                     "402\tCircular 10/2014\tFirst copy\tCircular\t0\ttwin.txt\n"
+                     "403\tCircular 11/2014\tSecond copy\tCircular\t0\ttwin-copy.txt\n");
+        kerala.close();
+        QPdfWriter writer(source + "/documents/sro-9-2014.pdf");
+        QPainter painter(&writer);
+        painter.drawText(200, 400, "Centrifuged latex bears tax at five per cent.");
+        painter.end();
+        const std::pair<const char*, QByteArray> files[] = {
+            {"metals.rtf", "{\\rtf1\\ansi A tel\\-lurian ore is taxed as a metal.\\par}"},
+            {"twin.txt", "Twinned circulars carry the same words."},
+            {"twin-copy.txt", "Twinned circulars carry the same words."}};
+        for (const auto& [name, bytes] : files) {
+            QFile file(source + "/documents/" + name);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(bytes);
+        }
+        ASSERT_EQ(build({"--source", source, "--out", work->filePath("out")}), 0);
+    }
+    static void TearDownTestSuite() { delete work; }
+    static QTemporaryDir* work;
+};
+QTemporaryDir* TextIndexFinds::work = nullptr;
 
-    ASSERT_EQ(build({"--source", source, "--out", work.filePath("out")}), 0);
-    EXPECT_EQ(query(work.filePath("out"), kFile1, "SELECT key, kind FROM LibraryText WHERE LibraryText MATCH 'centrifuged latex'"),
-              QStringList{"Kerala:400|Notification"});
+TEST_P(TextIndexFinds, EveryRowByTheWordsItsReaderSees)
+{
+    const auto& [words, keys] = GetParam();
+    EXPECT_EQ(query(work->filePath("out"), kFile1,
+                    QString("SELECT key FROM LibraryText WHERE LibraryText MATCH '%1' ORDER BY key").arg(words)),
+              keys);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Words, TextIndexFinds,
+    ::testing::Values(std::pair{"centrifuged latex", QStringList{"Kerala:400"}},   // a PDF's text layer
+                      std::pair{"tellurian", QStringList{"Kerala:401"}},           // at an optional hyphen
+                      std::pair{"twinned", QStringList{"Kerala:402", "Kerala:403"}}),  // the same bytes twice
+    [](const auto& info) { return std::to_string(info.index); });
 
 }  // namespace

@@ -1,0 +1,95 @@
+#pragma once
+// A document view in a window of its own with the reader's tools, its remembered settings in a folder of
+// the test's own, the zoom at 100 and light on dark off.
+#include "platform/documents/document_view.h"
+#include "platform/documents/find_bar.h"
+#include "platform/documents/light_on_dark.h"
+#include "platform/documents/reader_tools.h"
+#include "platform/documents/zoom.h"
+
+#include "support/printers.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfView>
+#include <QPdfWriter>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace documents {
+
+// A PDF of A4 pages with one line of text each, an inch from the page's left and top.
+inline QByteArray pdfOfLines(const QStringList& lines) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(72);
+    QPainter painter(&writer);
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(14);
+    painter.setFont(font);
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (i > 0) writer.newPage();
+        painter.drawText(QPointF(72, 72), lines[i]);
+    }
+    painter.end();
+    return buffer.data();
+}
+
+// Paragraphs of words, long enough to fill pages.
+inline QByteArray longRtf(int paragraphs) {
+    QByteArray rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 DejaVu Serif;}}\\f0\\fs22 ";
+    for (int i = 1; i <= paragraphs; ++i)
+        rtf += "Paragraph " + QByteArray::number(i) + ": every dealer shall keep the accounts of his purchases "
+               "and sales at his place of business.\\par ";
+    return rtf + "}";
+}
+
+class ReaderFixture : public ::testing::Test {
+protected:
+    void SetUp() override {
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settingsDir.path());
+        Zoom::shared().setPercent(100);
+        LightOnDark::shared().setOn(false);
+        view = new DocumentView(&window);
+        (new QVBoxLayout(&window))->addWidget(view);
+        window.layout()->setContentsMargins(0, 0, 0, 0);
+        bar = FindBar::attach(view);
+        tools = ReaderTools::attach(view, [] { return PrintHead{QStringLiteral("Circular 18/2009"), QStringLiteral("Circular")}; });
+        window.resize(800, 600);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    void TearDown() override {
+        Zoom::shared().setPercent(100);
+        LightOnDark::shared().setOn(false);
+    }
+    // Shows the document; a PDF's pages are drawn on threads of their own, so its ink is waited for.
+    void show(const QByteArray& bytes) {
+        view->setDocument(bytes);
+        QApplication::processEvents();
+        if (view->kind() != Kind::Pdf) return;
+        EXPECT_TRUE(QTest::qWaitFor([this] {
+            const QImage pages = view->pdfView()->viewport()->grab().toImage();
+            for (int y = 0; y < pages.height(); ++y)
+                for (int x = 0; x < pages.width(); ++x)
+                    if (qGray(pages.pixel(x, y)) < 60) return true;
+            return false;
+        }, 3000));
+    }
+    QVariant stored(const QString& key) const {
+        return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlan"), QStringLiteral("Vorlan")).value(key);
+    }
+    QTemporaryDir settingsDir;
+    QWidget window;
+    DocumentView* view = nullptr;
+    FindBar* bar = nullptr;
+    ReaderTools* tools = nullptr;
+};
+
+}  // namespace documents
