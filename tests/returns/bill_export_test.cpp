@@ -1,5 +1,6 @@
 // The month exported as XLSX, ODS and CSV and read back: every bill as the grid holds it, the heading,
 // the summary as the labels show it; the workbook read by openpyxl cell by cell; the year's summary.
+#include "books_fixture.h"
 #include "sheets_window.h"
 
 #include "platform/sheets/sheet_reader.h"
@@ -110,22 +111,45 @@ print(json.dumps(out))
     }
 }
 
-// The year's summary of the book: each month's bills by band, from the store, months in the book's order.
-TEST_F(SheetsWindow, YearSummaryHasEachMonthByBand) {
-    put(w->fg1, kPurchases);
-    put(w->fg2, kSales);
-    add();
-    w->txtRPTo->setText("April");
-    put(w->fg1, {{"10-04-25", "April Traders", "", "", "      4", "500.00", "20.00", "", "520.00"}});
-    put(w->fg2, {{"11-04-25", "April Buyer", "", "", "      4", "300.00", "12.00", "", "312.00"}});
-    add();
-    const QString path = folder.filePath("year.xlsx");
-    forms::MsgBoxRecorder boxes;
-    sheets->exportYear(path);
-    ASSERT_EQ(boxes.boxes().size(), 1u);
-    EXPECT_EQ(boxes.boxes()[0].style, forms::vbInformation) << boxes.boxes()[0].text.toStdString();
+// A dealer's book: the month's heading and the year's summary name the dealer, and the year's summary
+// has each month's stored bills by band, months in the book's order.
+class BookSheets : public Practice {
+protected:
+    void keyed(forms::FlexGrid* g, const Bills& bills) {
+        g->setRows(int(bills.size()) + 1);
+        for (int r = 0; r < int(bills.size()); ++r) {
+            g->setTextMatrix(r + 1, 0, QString::number(r + 1));
+            for (int c = 0; c < 9; ++c) g->setTextMatrix(r + 1, c + 1, bills[std::size_t(r)].value(c));
+        }
+        w->procTotalCal1();
+        w->procTotalCal2();
+        forms::MsgBoxRecorder quiet;
+        w->cmdAdd_Click();
+    }
+};
 
-    const sheets::SheetContents s = sheets::ReadSheet(path);
+TEST_F(BookSheets, MonthAndYearOfANamedDealer) {
+    returns::Register().Add(dealer("32071234567", "Malabar Agencies"));
+    returns::MakeBook(returns::Register(), book("32071234567", 2025));
+    openWindow(book("32071234567", 2025), "April");
+    keyed(w->fg1, {{"10-04-25", "April Traders", "", "", "      4", "500.00", "20.00", "", "520.00"}});
+    keyed(w->fg2, {{"11-04-25", "April Buyer", "", "", "      4", "300.00", "12.00", "", "312.00"}});
+    openWindow(book("32071234567", 2025), "March");
+    keyed(w->fg1, kPurchases);
+    keyed(w->fg2, kSales);
+    auto* sheets = w->findChild<returns::BillSheets*>();
+    const QString month = root.filePath("march.xlsx"), year = root.filePath("year.xlsx");
+    forms::MsgBoxRecorder boxes;
+    sheets->exportMonth(month);
+    sheets->exportYear(year);
+    ASSERT_EQ(boxes.boxes().size(), 2u);
+    for (const forms::RecordedBox& b : boxes.boxes()) EXPECT_EQ(b.style, forms::vbInformation) << b.text.toStdString();
+
+    QStringList heading;
+    for (const QStringList& r : sheets::ReadSheet(month, "Sales").rows) heading << r.join('|');
+    EXPECT_EQ(heading.mid(0, 4), (QStringList{"Sales register", "Dealer|Malabar Agencies", "TIN|32071234567", "Period|March 2026"}));
+
+    const sheets::SheetContents s = sheets::ReadSheet(year);
     EXPECT_EQ(s.sheetNames, QStringList{"Year 2025-26"});
     // Each register's lines keyed by "register|month|column".
     QHash<QString, QString> cell;
@@ -144,6 +168,7 @@ TEST_F(SheetsWindow, YearSummaryHasEachMonthByBand) {
         {"Inter-state purchases|TOTAL|Total", "0.00"},          {"Sales|March 2026|CST % Amount", "4000.00"},
         {"Sales|April 2025|4 % Tax", "12.00"},                  {"Sales|TOTAL|Total", "4472.00"}};
     for (const auto& [key, value] : expected) EXPECT_EQ(cell.value(key), value) << key;
+    EXPECT_EQ(s.rows.at(1), (QStringList{"Dealer", "Malabar Agencies"}));
 }
 
 }  // namespace
