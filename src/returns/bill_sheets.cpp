@@ -88,14 +88,10 @@ QStringList BillSheets::rateEntries(const Side& s) const {
     return entries;
 }
 
-// After cells changed under the cell editor: the editor takes the current cell's text, or leaving the
-// cell would write its old text back; then the rate-wise totals, as after typing.
-void BillSheets::showGridChange(const Side& s) {
-    s.box->setText(s.grid->Text());
-    s.sales ? w_->procMoveTextBox2() : w_->procMoveTextBox();
-    s.box->selectAll();
-    s.sales ? w_->procTotalCal2() : w_->procTotalCal1();
-}
+// After cells changed under the cell editor, the current cell is entered anew: the editor takes the
+// cell's text (else leaving the cell would write its old text back), its place and the focus, and the
+// rate-wise totals are worked out, as after typing.
+void BillSheets::showGridChange(const Side& s) { s.sales ? w_->fg2_EnterCell() : w_->fg1_EnterCell(); }
 
 bool BillSheets::eventFilter(QObject* watched, QEvent* event) {
     const bool sales = watched == w_->txtGrid2;
