@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 packages=(cmake g++ make pkg-config qt6-base-dev qt6-pdf-dev libsqlcipher-dev sqlcipher sqlite3
-  libgtest-dev libbenchmark-dev poppler-utils fonts-dejavu-core libgl-dev xvfb xdotool openbox
+  libgtest-dev libbenchmark-dev poppler-utils fonts-dejavu-core libgl-dev xvfb xdotool openbox xclip
   dpkg-dev file desktop-file-utils appstream fonts-smc-meera fonts-liberation2
   libxlsxwriter-dev libzip-dev python3-openpyxl python3-odf python3-xlwt)
 missing=()

@@ -10,6 +10,7 @@
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/twips.h"
 #include "platform/reports/crystal_report.h"
+#include "returns/bill_sheets.h"
 
 #include <QKeyEvent>
 
@@ -122,6 +123,8 @@ frmNormal::frmNormal(QWidget* parent) : QWidget(parent) {
     procMoveTextBox();
     procMoveTextBox2();
     buildFlows();
+    // Spreadsheets in and out: a button at the free end of the button frame, Ctrl+V, Ctrl+Z, Ctrl+I.
+    new BillSheets(this);
 }
 
 void frmNormal::buildTotals() {

@@ -261,7 +261,8 @@ private:
         const int down = std::max(1, Attribute(a, u"number-rows-spanned").toInt());
         if (across > 1 || down > 1)
             sink_.problem(row, column, QStringLiteral("Cells %1:%2 are merged; the value is read in %1 only.")
-                                           .arg(CellName(row, column), CellName(row + down - 1, column + across - 1)));
+                                           .arg(CellName(row, column), CellName(row + down - 1, column + across - 1)),
+                          down);
         const QString text = paragraphs_.read(x);
         const NumberPattern pattern = styles_.of(Attribute(a, u"style-name").toString());
         bool ok = false;

@@ -55,8 +55,8 @@ bool RowSink::add(int index, QStringList cells) {
     return true;
 }
 
-void RowSink::problem(int row, int column, const QString& text) {
-    out_.problems.push_back({row, column, text});
+void RowSink::problem(int row, int column, const QString& text, int rows) {
+    out_.problems.push_back({row, column, rows, text});
 }
 
 QString IsoOfSerial(double serial, bool date1904, bool withDate, bool withTime) {

@@ -23,7 +23,7 @@ public:
     RowSink(SheetContents& out, int maxRows) : out_(out), maxRows_(maxRows) {}
     // The row at `index` (from 0); false once no more rows are wanted.
     bool add(int index, QStringList cells);
-    void problem(int row, int column, const QString& text);
+    void problem(int row, int column, const QString& text, int rows = 1);
     bool stopped() const { return stopped_; }
 
 private:

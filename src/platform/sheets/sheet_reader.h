@@ -33,6 +33,7 @@ constexpr int kMaxColumns = 256;
 struct SheetProblem {
     int row = -1;      // index into SheetContents::rows; -1: the sheet as a whole
     int column = -1;   // counted from 0; -1: the whole row or sheet
+    int rows = 1;      // the rows it covers from `row` on: merged cells reach down
     QString text;      // for the user: "Cell C7 has a formula whose value was never saved."
 };
 

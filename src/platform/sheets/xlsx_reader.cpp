@@ -299,7 +299,8 @@ private:
         parseReference(ref.mid(colon + 1), c2, r2);
         if (r1 < 0 || c1 < 0 || size_t(r1) >= out_.rows.size()) return;
         sink_.problem(r1, c1, QStringLiteral("Cells %1 are merged; the value is read in %2 only.")
-                                  .arg(ref.toString(), CellName(r1, c1)));
+                                  .arg(ref.toString(), CellName(r1, c1)),
+                      std::max(1, r2 - r1 + 1));
     }
 
     // The shared strings the kept rows use, read in one pass; the others are not kept.
