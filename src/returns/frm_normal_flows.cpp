@@ -16,6 +16,7 @@
 #include "returns/store_work.h"
 
 #include <QSignalBlocker>
+#include <utility>
 
 namespace returns {
 
@@ -288,9 +289,17 @@ void frmNormal::cmdDelete_KeyPress(int KeyAscii) {
 
 // ---- Close ----------------------------------------------------------------------------------------------
 
+// An unloaded window comes back empty, as a window made anew: the sales reader does not clear its grid, so
+// a bill left in it would be shown, and added, under the next book opened.
 void frmNormal::Unload() {
     hide();
     loaded_ = false;
+    for (auto [grid, box] : {std::pair{fg1, txtGrid1}, std::pair{fg2, txtGrid2}}) {
+        const QSignalBlocker quiet(grid);
+        grid->Clear();
+        setGrid(grid);
+        box->clear();
+    }
 }
 
 void frmNormal::cmdClose_Click() {

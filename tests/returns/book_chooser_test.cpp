@@ -1,5 +1,6 @@
 // Choosing the book by keyboard alone, the chooser's line of the book, and a dealer removed.
 #include "books_fixture.h"
+#include "platform/forms/list_box.h"
 #include "platform/forms/window_registry.h"
 #include "returns/book_chooser.h"
 #include "returns/frm_select.h"
@@ -153,6 +154,63 @@ INSTANTIATE_TEST_SUITE_P(Register, RemoveDealer,
                          ::testing::Values(RemoveCase{"WithBooksYes", "32070000001", forms::vbYes, true},
                                            RemoveCase{"WithBooksNo", "32070000001", forms::vbNo, false},
                                            RemoveCase{"WithoutBooks", "32090000003", forms::vbYes, true}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+struct SwitchCase {
+    const char* name;
+    int kind;              // 0 local purchases, 1 inter-state purchases, 2 sales
+};
+void PrintTo(const SwitchCase& c, std::ostream* os) { *os << c.name; }
+
+class SwitchBooks : public Chooser, public ::testing::WithParamInterface<SwitchCase> {};
+
+// A month's bills of one book, added, and then another book chosen while the return window is open:
+// the window shows the other book's month, and its Add stores nothing of the first book there.
+TEST_P(SwitchBooks, TheNextBookShowsAndStoresNoneOfTheBillsBefore) {
+    const int kind = GetParam().kind;
+    auto* select = forms::get<frmSelect>("frmSelect");
+    select->Show();
+    auto* c = forms::get<BookChooser>("BookChooser");
+    select->cmdBook_Click();
+    c->Choose("32070000001", 2025);
+    ASSERT_TRUE(c->OpenChosen());
+    select->Option1_KeyPress(13);
+    auto* normal = forms::get<frmNormal>("frmNormal");
+    ASSERT_TRUE(normal->isVisible());
+    normal->List4->setListIndex(kind == 1 ? 1 : 0);
+    forms::FlexGrid* grid = kind == 2 ? normal->fg2 : normal->fg1;
+    const QStringList bill = {"1", "05-03-26", "Kochi Retail", "32071000009", "S-1", kind == 1 ? "CST" : "12.5",
+                              "1000", "125", "", "1125.00"};
+    grid->setRows(2);
+    for (int col = 0; col < 10; ++col) grid->setTextMatrix(1, col, bill[col]);
+    normal->procTotalCal1();
+    normal->procTotalCal2();
+    normal->cmdAdd_Click();
+    const QString table = QStringList{"tblPurchase1", "tblPurchaseInterState1", "tblSales"}[kind];
+    // The first grid row is stored even when blank, so the bill is counted by its party.
+    const auto billsIn = [&](const QString& tin, int year) {
+        return query(book(tin, year).folder + "/nwForm10DB.mdb", "SELECT COUNT(*) FROM " + table + " WHERE Party = 'Kochi Retail'")
+            .value(0)
+            .toInt();
+    };
+    ASSERT_EQ(billsIn("32070000001", 2025), 1);
+
+    select->cmdBook_Click();
+    c->Choose("32080000002", 2025);
+    ASSERT_TRUE(c->OpenChosen());
+    ASSERT_TRUE(normal->isVisible());
+    normal->List4->setListIndex(kind == 1 ? 1 : 0);
+    EXPECT_EQ(grid->Rows(), 2);
+    EXPECT_EQ(grid->TextMatrix(1, 2), "");
+    EXPECT_EQ(grid->TextMatrix(1, 6), "");
+    normal->cmdAdd_Click();
+    EXPECT_EQ(billsIn("32080000002", 2025), 0);
+    EXPECT_EQ(billsIn("32070000001", 2025), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(ReturnWindow, SwitchBooks,
+                         ::testing::Values(SwitchCase{"LocalPurchases", 0}, SwitchCase{"InterStatePurchases", 1},
+                                           SwitchCase{"Sales", 2}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
