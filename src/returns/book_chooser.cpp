@@ -3,6 +3,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/window_registry.h"
 #include "returns/dealer_form.h"
 #include "returns/return_books.h"
 
@@ -281,6 +282,11 @@ bool BookChooser::eventFilter(QObject* watched, QEvent* event) {
 bool BookChooser::OpenChosen() {
     if (ChosenYear() == 0) return false;
     const ReturnBook book = BookOf(Register(), {ChosenTin(), ChosenYear()});
+    // The windows that show a month of the book open now close first, the form asking to keep what was
+    // typed in that book: left open, a save or a filing would go to the next book under the old figures.
+    if (!BookIsOpen() || KeyOf(CurrentBook()) != KeyOf(book))
+        for (const QString& name : {QStringLiteral("frmDirectToForm"), QStringLiteral("frmEFiling")})
+            if (forms::exists(name) && forms::get(name)->isVisible() && !forms::get(name)->close()) return false;
     const QString failed = OpenBook(book);
     if (!failed.isEmpty()) {
         forms::MsgBox(failed, forms::vbExclamation, kTitle);

@@ -31,6 +31,8 @@ protected:
         forms::define("frmSelect", [] { return new frmSelect; });
         forms::define("frmNormal", [] { return new frmNormal; });
         forms::define("BookChooser", [] { return new BookChooser; });
+        forms::define("frmDirectToForm", [] { return new frmDirectToForm; });
+        forms::define("frmEFiling", [] { return new frmEFiling; });
         forms::define("main", [] { return new QWidget; });
     }
     void TearDown() override {
@@ -211,6 +213,56 @@ TEST_P(SwitchBooks, TheNextBookShowsAndStoresNoneOfTheBillsBefore) {
 INSTANTIATE_TEST_SUITE_P(ReturnWindow, SwitchBooks,
                          ::testing::Values(SwitchCase{"LocalPurchases", 0}, SwitchCase{"InterStatePurchases", 1},
                                            SwitchCase{"Sales", 2}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+struct FormAtSwitch {
+    const char* name;
+    int answer;            // to "Keep what was typed"
+    int keptInFirst;       // boxes kept in the first book
+    bool switched;
+};
+void PrintTo(const FormAtSwitch& c, std::ostream* os) { *os << c.name; }
+
+class FormOpenAtSwitch : public Chooser, public ::testing::WithParamInterface<FormAtSwitch> {};
+
+// The return form typed on and left open while another book is chosen: what was typed goes to the
+// form's own book or nowhere, never to the book chosen next, and the form of the old book closes.
+TEST_P(FormOpenAtSwitch, TypedBoxesStayWithTheirBook) {
+    const FormAtSwitch& p = GetParam();
+    auto* select = forms::get<frmSelect>("frmSelect");
+    select->Show();
+    auto* c = forms::get<BookChooser>("BookChooser");
+    select->cmdBook_Click();
+    c->Choose("32070000001", 2025);
+    ASSERT_TRUE(c->OpenChosen());
+    select->Option3_KeyPress(13);
+    auto* form = forms::get<frmDirectToForm>("frmDirectToForm");
+    ASSERT_TRUE(form->isVisible());
+    QLineEdit* box = form->sheet->lineEdit("EN1");
+    ASSERT_NE(box, nullptr);
+    box->setFocus();
+    QTest::keyClicks(box, "Y");
+    QTest::keyClick(box, Qt::Key_Return);
+    ASSERT_TRUE(form->unsaved());
+
+    select->cmdBook_Click();
+    c->Choose("32080000002", 2025);
+    boxes.queueAnswer(p.answer);
+    EXPECT_EQ(c->OpenChosen(), p.switched);
+    // A form still open on the next book is saved, as the user would.
+    if (p.switched && form->isVisible()) form->cmdSave->click();
+    const auto kept = [&](const QString& tin) {
+        return query(book(tin, 2025).folder + "/nwForm10DB.mdb", "SELECT COUNT(*) FROM FormTenTyped WHERE Box = 'EN1'").value(0).toInt();
+    };
+    EXPECT_EQ(kept("32070000001"), p.keptInFirst);
+    EXPECT_EQ(kept("32080000002"), 0);
+    EXPECT_EQ(KeyOf(CurrentBook()), BookKey({p.switched ? "32080000002" : "32070000001", 2025}));
+    EXPECT_EQ(form->isVisible(), !p.switched);
+}
+
+INSTANTIATE_TEST_SUITE_P(ReturnForm, FormOpenAtSwitch,
+                         ::testing::Values(FormAtSwitch{"Kept", forms::vbYes, 1, true}, FormAtSwitch{"Dropped", forms::vbNo, 0, true},
+                                           FormAtSwitch{"Cancelled", forms::vbCancel, 0, false}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
