@@ -5,6 +5,7 @@
 #include "platform/basic/runtime_error.h"
 #include "platform/store/connection.h"
 #include "platform/store/errors.h"
+#include "platform/store/recordset.h"
 #include "returns/log.h"
 #include "returns/module2.h"
 #include "returns/return_schema.h"
@@ -74,6 +75,21 @@ void rowsTakeDealer(const QString& folder, const Dealer& dealer) {
                        (address ? QStringLiteral(", cAddress = ") + text(nameForStatements(dealer.name)) : QString()) +
                        QStringLiteral(" WHERE (cCode = '' OR cCode IS NULL)") +
                        (page ? QStringLiteral(" AND cYear <> ''") : QString()));
+        }
+        // Tables the return side keeps beside the schema's (the form's typed boxes) are keyed by the
+        // dealer too: left on the empty key, they would no longer be found under the named dealer.
+        QStringList schema;
+        for (const ReturnTable& table : ReturnSchema()) schema << table.name;
+        for (const QString& name : cn.TableNames()) {
+            if (schema.contains(name, Qt::CaseInsensitive)) continue;
+            store::Recordset rs;
+            rs.Open(QStringLiteral("SELECT * FROM ") + name + QStringLiteral(" WHERE 1 = 0"), cn);
+            bool keyed = false;
+            for (int f = 0; f < rs.FieldCount(); ++f) keyed = keyed || rs.Fields(f).Name().compare(QLatin1String("cCode"), Qt::CaseInsensitive) == 0;
+            rs.Close();
+            if (keyed)
+                cn.Execute(QStringLiteral("UPDATE ") + name + QStringLiteral(" SET cCode = ") + text(dealer.tin) +
+                           QStringLiteral(" WHERE (cCode = '' OR cCode IS NULL)"));
         }
         cn.CommitTrans();
     } catch (...) {

@@ -2,6 +2,7 @@
 // version before taken in, and a book of "Dealer not named" given to its dealer.
 #include "books_fixture.h"
 #include "platform/store/database_file.h"
+#include "returns/form_ten_store.h"
 #include "returns/practice_start.h"
 #include "returns/return_schema.h"
 #include "support/printers.h"
@@ -173,6 +174,9 @@ TEST_P(Naming, MonthsReadBackUnderTheDealer) {
     MakeBook(reg, book(QString(), 2025));
     openWindow(book(QString(), 2025));
     ASSERT_EQ(addBill("Unnamed party", "70.00"), "RECORD ADDED  SUCCESSFULLY");
+    FormTenMonth form = ReadFormTen("January");
+    form.values.typed.insert("EN1", "Y");
+    SaveFormTen(form);
     w.reset();
     CloseBook();
 
@@ -193,6 +197,7 @@ TEST_P(Naming, MonthsReadBackUnderTheDealer) {
     const ReturnBook b = book(obrien.tin, 2025);
     openWindow(b);
     EXPECT_EQ(w->fg1->TextMatrix(1, 2), "Unnamed party");
+    EXPECT_EQ(ReadFormTen("January").values.typed.value("EN1"), "Y");
     // The return's statements are built unescaped: the name's apostrophe is written as ’ in them.
     EXPECT_EQ(query(file(b), "SELECT DISTINCT cCode || '|' || cAddress FROM tblPurchase1"),
               QStringList{QString::fromUtf8("32071234567|O\u2019Brien Traders")});
