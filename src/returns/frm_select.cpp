@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <functional>
+#include <utility>
 
 namespace returns {
 
@@ -105,13 +106,16 @@ void frmSelect::Form_Activate() {
 
 void frmSelect::choose(QRadioButton* option) {
     if (!option->isEnabled()) return;
+    // Where books are kept, every option works on one: without it, the register comes first, and the
+    // option follows on the book chosen there. The program folder's own return files are no dealer's.
+    if (HasPractice() && !BookIsOpen()) {
+        cmdBook_Click();
+        thenOption_ = option;
+        return;
+    }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     if (option == Option1) {
-        // Where books are kept, the return window opens on one: without it, the register comes first.
-        if (HasPractice() && !BookIsOpen()) {
-            cmdBook_Click();
-            thenReturnWindow_ = true;
-        } else forms::get<frmNormal>(QStringLiteral("frmNormal"))->Show();
+        forms::get<frmNormal>(QStringLiteral("frmNormal"))->Show();
     } else if (option == Option2) {
         forms::get(QStringLiteral("frmEFiling"))->show();
     } else {
@@ -166,17 +170,20 @@ void frmSelect::cmdBook_Click() {
             ShowBook();
             // The return window shows the book just opened: open, it is loaded again; asked for, it opens now.
             auto* normal = forms::get<frmNormal>(QStringLiteral("frmNormal"));
-            if (normal->isVisible() || thenReturnWindow_) {
+            QRadioButton* then = std::exchange(thenOption_, nullptr);
+            if (normal->isVisible() || then == Option1) {
                 normal->Unload();
                 normal->Show();
-            } else {
+            }
+            if (then && then != Option1) {
+                choose(then);
+            } else if (!then && !normal->isVisible()) {
                 activateWindow();
                 Option1->setFocus();
             }
-            thenReturnWindow_ = false;
         });
     }
-    thenReturnWindow_ = false;
+    thenOption_ = nullptr;
     chooser->show();
     chooser->raise();
     chooser->activateWindow();

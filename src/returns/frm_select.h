@@ -45,7 +45,7 @@ private:
     void choose(QRadioButton* option);
     bool loaded_ = false;
     QString bookTrouble_;   // why the last book did not open by itself
-    bool thenReturnWindow_ = false;   // the register was reached by Form No. 52
+    QRadioButton* thenOption_ = nullptr;   // the option that led to the register, to follow on its book
 };
 
 // The month's lists for filing on line, and the checks before filing.

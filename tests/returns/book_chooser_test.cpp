@@ -265,4 +265,39 @@ INSTANTIATE_TEST_SUITE_P(ReturnForm, FormOpenAtSwitch,
                                            FormAtSwitch{"Cancelled", forms::vbCancel, 0, false}),
                          [](const auto& info) { return std::string(info.param.name); });
 
+struct OptionCase {
+    const char* name;
+    int option;            // 1, 2, 3 of the chooser
+    const char* window;    // the window it opens
+};
+void PrintTo(const OptionCase& c, std::ostream* os) { *os << c.name; }
+
+class OptionWithoutBook : public Chooser, public ::testing::WithParamInterface<OptionCase> {};
+
+// With no book open, every option leads to the register first and opens on the book chosen there:
+// none works on the return files of the program's folder, which belong to no dealer.
+TEST_P(OptionWithoutBook, LeadsToTheRegisterAndThenToTheBookChosen) {
+    auto* select = forms::get<frmSelect>("frmSelect");
+    select->Show();
+    ASSERT_FALSE(BookIsOpen());
+    QRadioButton* option = QList<QRadioButton*>{select->Option1, select->Option2, select->Option3}[GetParam().option - 1];
+    option->setFocus();
+    QTest::keyClick(option, Qt::Key_Return);
+    auto* c = forms::get<BookChooser>("BookChooser");
+    EXPECT_TRUE(c->isVisible());
+    EXPECT_FALSE(forms::exists(GetParam().window) && forms::get(GetParam().window)->isVisible());
+    c->Choose("32080000002", 2025);
+    ASSERT_TRUE(c->OpenChosen());
+    ASSERT_TRUE(forms::exists(GetParam().window));
+    EXPECT_TRUE(forms::get(GetParam().window)->isVisible());
+    if (GetParam().option == 3) {
+        EXPECT_EQ(forms::get<frmDirectToForm>("frmDirectToForm")->txtTIN->text(), "32080000002");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Chooser, OptionWithoutBook,
+                         ::testing::Values(OptionCase{"FormNo52", 1, "frmNormal"}, OptionCase{"EFiling", 2, "frmEFiling"},
+                                           OptionCase{"DirectToForm", 3, "frmDirectToForm"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
 }  // namespace
