@@ -3,6 +3,7 @@
 #include "keyed_month.h"
 #include "returns/e_filing_window.h"
 
+#include <QComboBox>
 #include <QListWidget>
 #include <QProcess>
 
@@ -212,5 +213,52 @@ INSTANTIATE_TEST_SUITE_P(
                     Opening{"CstSale", 0, "CST sales, row 1 (bill S-2", &frmNormal::fg2, 1, "S-2"},
                     Opening{"ByEnter", 1, "Inter-State purchases, row 1", &frmNormal::fg1, 1, "C-1", true}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// ---- a finding of another month than the return window shows ------------------------------------------------
+
+struct OtherMonth {
+    const char* name;
+    const char* finding;          // the start of the finding in February's list
+};
+
+class FindingOfAnotherMonth : public KeyedMonth, public testing::WithParamInterface<OtherMonth> {};
+
+// The window goes over to the finding's month whole: both grids show that month's bills, and an Add there
+// stores neither side of the month the window showed before under it.
+TEST_P(FindingOfAnotherMonth, TheWholeMonthIsShownAndAddedUnderIt) {
+    normal->txtRPTo->setText("February");
+    keyMonth({{"02-02-26", "Feb Supplier", "3207", "FP-1", "4", "1000", "40", "", "1040.00"}},
+             {{"05-02-26", "Feb Buyer", "3208", "FS-1", "4", "2000", "80", "", "2080.00"}}, false);
+    normal->txtRPTo->setText("March");
+    normal->procReadPurchase();
+    normal->procReadSales_1();
+    keyMonth({{"02-03-26", "March Supplier", "32071000001", "MP-1", "4", "3000", "120", "", "3120.00"}},
+             {{"05-03-26", "March Buyer", "32071000009", "MS-1", "4", "4000", "160", "", "4160.00"}}, false);
+    auto* select = forms::get<frmSelect>("frmSelect");
+    select->Option2_KeyPress(13);
+    auto* filing = dynamic_cast<EFilingWindow*>(forms::get("frmEFiling"));
+    emit filing->cboMonth->activated(filing->cboMonth->findData("February"));
+    QListWidgetItem* item = nullptr;
+    for (int i = 0; i < filing->lstChecks->count() && !item; ++i)
+        if (filing->lstChecks->item(i)->text().startsWith(GetParam().finding)) item = filing->lstChecks->item(i);
+    ASSERT_NE(item, nullptr) << GetParam().finding;
+    filing->lstChecks->setCurrentItem(item);
+    QTest::keyClick(filing->lstChecks, Qt::Key_Return);
+
+    EXPECT_EQ(normal->txtRPTo->text(), "February");
+    EXPECT_EQ(normal->fg1->TextMatrix(1, 2), "Feb Supplier");
+    EXPECT_EQ(normal->fg2->TextMatrix(1, 2), "Feb Buyer");
+    forms::MsgBoxRecorder quiet;
+    normal->cmdAdd_Click();
+    for (const char* table : {"tblPurchase1", "tblSales"})
+        for (const char* month : {"February", "March"})
+            EXPECT_EQ(column(QStringLiteral("SELECT Party FROM %1 WHERE cMonth = '%2'").arg(table, month)).value(0).left(3),
+                      QString(month).left(3)) << table << " " << month;
+}
+
+INSTANTIATE_TEST_SUITE_P(Filing, FindingOfAnotherMonth,
+                         testing::Values(OtherMonth{"Sale", "Local sales, row 1 (bill FS-1"},
+                                         OtherMonth{"Purchase", "Local purchases, row 1 (bill FP-1"}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
