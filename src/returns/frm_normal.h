@@ -205,6 +205,7 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     // One side of the window, purchases or sales: the twins' handlers are one routine given the side.

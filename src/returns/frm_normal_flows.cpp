@@ -15,6 +15,7 @@
 #include "returns/return_book.h"
 #include "returns/store_work.h"
 
+#include <QCloseEvent>
 #include <QSignalBlocker>
 #include <utility>
 
@@ -300,6 +301,12 @@ void frmNormal::Unload() {
         setGrid(grid);
         box->clear();
     }
+}
+
+// The close box unloads the window as Close does, so that it opens afresh on whatever book comes next.
+void frmNormal::closeEvent(QCloseEvent* event) {
+    Unload();
+    QWidget::closeEvent(event);
 }
 
 void frmNormal::cmdClose_Click() {

@@ -161,6 +161,7 @@ INSTANTIATE_TEST_SUITE_P(Register, RemoveDealer,
 struct SwitchCase {
     const char* name;
     int kind;              // 0 local purchases, 1 inter-state purchases, 2 sales
+    bool closeBox = false; // the return window shut by its close box before, and opened again after
 };
 void PrintTo(const SwitchCase& c, std::ostream* os) { *os << c.name; }
 
@@ -197,9 +198,11 @@ TEST_P(SwitchBooks, TheNextBookShowsAndStoresNoneOfTheBillsBefore) {
     };
     ASSERT_EQ(billsIn("32070000001", 2025), 1);
 
+    if (GetParam().closeBox) normal->close();
     select->cmdBook_Click();
     c->Choose("32080000002", 2025);
     ASSERT_TRUE(c->OpenChosen());
+    if (GetParam().closeBox) select->Option1_KeyPress(13);
     ASSERT_TRUE(normal->isVisible());
     normal->List4->setListIndex(kind == 1 ? 1 : 0);
     EXPECT_EQ(grid->Rows(), 2);
@@ -212,7 +215,7 @@ TEST_P(SwitchBooks, TheNextBookShowsAndStoresNoneOfTheBillsBefore) {
 
 INSTANTIATE_TEST_SUITE_P(ReturnWindow, SwitchBooks,
                          ::testing::Values(SwitchCase{"LocalPurchases", 0}, SwitchCase{"InterStatePurchases", 1},
-                                           SwitchCase{"Sales", 2}),
+                                           SwitchCase{"Sales", 2}, SwitchCase{"SalesAfterTheCloseBox", 2, true}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 struct FormAtSwitch {
