@@ -284,9 +284,9 @@ bool BookChooser::OpenChosen() {
     const ReturnBook book = BookOf(Register(), {ChosenTin(), ChosenYear()});
     // The windows that show a month of the book open now close first, the form asking to keep what was
     // typed in that book: left open, a save or a filing would go to the next book under the old figures.
-    if (!BookIsOpen() || KeyOf(CurrentBook()) != KeyOf(book))
-        for (const QString& name : {QStringLiteral("frmDirectToForm"), QStringLiteral("frmEFiling")})
-            if (forms::exists(name) && forms::get(name)->isVisible() && !forms::get(name)->close()) return false;
+    if ((!BookIsOpen() || KeyOf(CurrentBook()) != KeyOf(book)) &&
+        !closeBookWindows({QStringLiteral("frmDirectToForm"), QStringLiteral("frmEFiling")}))
+        return false;
     const QString failed = OpenBook(book);
     if (!failed.isEmpty()) {
         forms::MsgBox(failed, forms::vbExclamation, kTitle);
@@ -294,6 +294,13 @@ bool BookChooser::OpenChosen() {
     }
     hide();
     emit bookOpened();
+    return true;
+}
+
+// False when one of them stays open: the form's keeping question was cancelled.
+bool BookChooser::closeBookWindows(const QStringList& names) {
+    for (const QString& name : names)
+        if (forms::exists(name) && forms::get(name)->isVisible() && !forms::get(name)->close()) return false;
     return true;
 }
 
@@ -364,6 +371,11 @@ void BookChooser::RemoveDealer() {
                   .arg(years.size())
                   .arg(texts.join(QStringLiteral(", ")), QDir::toNativeSeparators(RemovedFolder()));
     if (forms::MsgBox(question, forms::vbYesNo + forms::vbQuestion, kTitle) != forms::vbYes) return;
+    // The book open now closes with the dealer: its windows first, or what they hold would be added to
+    // the program folder's return files, which are no dealer's.
+    if (BookIsOpen() && CurrentBook().tin == dealer->tin &&
+        !closeBookWindows({QStringLiteral("frmDirectToForm"), QStringLiteral("frmEFiling"), QStringLiteral("frmNormal")}))
+        return;
     QString movedTo;
     const basic::RuntimeError e = basic::resume([&] { movedTo = returns::RemoveDealer(Register(), dealer->tin); });
     if (e.number() != 0) forms::MsgBox(e.description(), forms::vbExclamation, kTitle);

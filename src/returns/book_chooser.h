@@ -67,6 +67,7 @@ private:
     void showYears();
     void enableButtons();
     void makeYear(int firstYear);
+    bool closeBookWindows(const QStringList& names);
     DealerRows* rows_ = nullptr;
 };
 

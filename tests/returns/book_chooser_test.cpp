@@ -303,4 +303,24 @@ INSTANTIATE_TEST_SUITE_P(Chooser, OptionWithoutBook,
                                            OptionCase{"DirectToForm", 3, "frmDirectToForm"}),
                          [](const auto& info) { return std::string(info.param.name); });
 
+// The dealer of the book open now removed with the return window open: the window goes with the book,
+// so nothing of it can be added after to the program folder's files, which belong to no dealer.
+TEST_F(Chooser, RemovingTheOpenBooksDealerShutsTheReturnWindow) {
+    auto* select = forms::get<frmSelect>("frmSelect");
+    select->Show();
+    BookChooser* c = forms::get<BookChooser>("BookChooser");
+    select->cmdBook_Click();
+    c->Choose("32080000002", 2025);
+    ASSERT_TRUE(c->OpenChosen());
+    select->Option1_KeyPress(13);
+    auto* normal = forms::get<frmNormal>("frmNormal");
+    ASSERT_TRUE(normal->isVisible());
+    select->cmdBook_Click();
+    c->Choose("32080000002");
+    boxes.queueAnswer(forms::vbYes);
+    c->cmdRemoveDealer->click();
+    EXPECT_FALSE(BookIsOpen());
+    EXPECT_FALSE(normal->isVisible());
+}
+
 }  // namespace
