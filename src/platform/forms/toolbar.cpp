@@ -1,5 +1,6 @@
 #include "platform/forms/toolbar.h"
 
+#include <QActionEvent>
 #include <QKeyEvent>
 #include <QToolButton>
 
@@ -119,17 +120,36 @@ bool Toolbar::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (key != Qt::Key_Left && key != Qt::Key_Right) return QToolBar::eventFilter(watched, event);
+    // The bar's own buttons keep their ring: Left from the first comes round to the last of them. What a
+    // window adds after them follows that last one by Right, and Right from the end goes back to the first.
     QList<QToolButton*> stops;
+    QToolButton *firstOwn = nullptr, *lastOwn = nullptr;
     for (QAction* action : actions())
-        if (auto* b = qobject_cast<QToolButton*>(widgetForAction(action)); b && b->isVisible() && b->isEnabled())
+        if (auto* b = qobject_cast<QToolButton*>(widgetForAction(action)); b && b->isVisible() && b->isEnabled()) {
             stops << b;
+            if (!action->property(kKeyProperty).isValid()) continue;
+            if (!firstOwn) firstOwn = b;
+            lastOwn = b;
+        }
     const qsizetype at = stops.indexOf(current);
     if (at < 0) return false;
-    QToolButton* next = stops[(at + (key == Qt::Key_Right ? 1 : stops.size() - 1)) % stops.size()];
+    QToolButton* next = key == Qt::Key_Left && current == firstOwn
+                            ? lastOwn
+                            : stops[(at + (key == Qt::Key_Right ? 1 : stops.size() - 1)) % stops.size()];
     current->setFocusPolicy(Qt::NoFocus);
     next->setFocusPolicy(Qt::TabFocus);
     next->setFocus(Qt::TabFocusReason);
     return true;
+}
+
+// A button a window adds of its own answers the arrows and Enter as the bar's own do.
+void Toolbar::actionEvent(QActionEvent* event) {
+    QToolBar::actionEvent(event);
+    if (event->type() != QEvent::ActionAdded || event->action()->property(kKeyProperty).isValid()) return;
+    if (auto* b = qobject_cast<QToolButton*>(widgetForAction(event->action()))) {
+        b->setFocusPolicy(Qt::NoFocus);
+        b->installEventFilter(this);
+    }
 }
 
 QMenu* Toolbar::menuOf(QAction* button, bool create) {

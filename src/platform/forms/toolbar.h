@@ -84,6 +84,7 @@ signals:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void actionEvent(QActionEvent* event) override;
 
 private:
     friend class ButtonCollection;

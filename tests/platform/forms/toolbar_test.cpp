@@ -80,4 +80,32 @@ TEST_F(ToolbarClicks, KeyboardWalksTheBarAndPresses) {
     EXPECT_EQ(focusedKey(), "bac");
 }
 
+// What a window adds after its own buttons stands outside their ring: Left from the first of them still
+// comes round to the last of them, and the additions follow that last one by Right.
+TEST_F(ToolbarClicks, AddedButtonsLeaveTheRingOfTheOwnAsItWas) {
+    toolbar.addSeparator();
+    toolbar.addAction("Search");
+    toolbar.addAction("Recent");
+    toolbar.resize(800, toolbar.height());   // room for all, none in the overflow menu
+    QApplication::processEvents();
+    const auto focused = [&] {
+        for (QAction* a : toolbar.actions())
+            if (toolbar.widgetForAction(a) == QApplication::focusWidget())
+                return a->property("vorlanKey").isValid() ? a->property("vorlanKey").toString() : a->text();
+        return QString();
+    };
+    toolbar.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&toolbar));
+    toolbar.focusButtons();
+    const struct { Qt::Key key; const char* focused; } steps[] = {
+        {Qt::Key_Left, "bac"}, {Qt::Key_Left, "rul"}, {Qt::Key_Right, "bac"}, {Qt::Key_Right, "Search"},
+        {Qt::Key_Right, "Recent"}, {Qt::Key_Right, "Act"}, {Qt::Key_Right, "rul"}, {Qt::Key_Left, "Act"},
+        {Qt::Key_Left, "bac"}, {Qt::Key_Right, "Search"}, {Qt::Key_Left, "bac"},
+    };
+    for (const auto& step : steps) {
+        QTest::keyClick(QApplication::focusWidget(), step.key);
+        EXPECT_EQ(focused().toStdString(), step.focused) << step.key;
+    }
+}
+
 }  // namespace
