@@ -35,6 +35,17 @@ const QString kFolderKey = QStringLiteral("eFiling");
 
 enum ItemRole { KindRole = Qt::UserRole, RowRole };
 
+// Every bill as the lists would write it, to tell whether the book still holds what the window shows.
+QStringList billLines(const FilingMonth& m) {
+    QStringList lines;
+    for (const FilingBill& b : m.bills)
+        lines << QStringList{QString::number(int(b.kind)), QString::number(b.row), b.date.toString(Qt::ISODate), b.party, b.tin,
+                             b.billNo, b.rate, QString::number(b.amount, 'f', 2), QString::number(b.tax, 'f', 2),
+                             QString::number(b.cess, 'f', 2), b.amountBlank ? QStringLiteral("blank") : QString()}
+                     .join(QChar(0x1f));
+    return lines;
+}
+
 QListWidgetItem* billItem(const QString& text, FilingKind kind, int row) {
     auto* item = new QListWidgetItem(text);
     item->setData(KindRole, int(kind));
@@ -119,6 +130,22 @@ void EFilingWindow::showEvent(QShowEvent* event) {
     lstChecks->setFocus();
 }
 
+// Back from the return window, where bills may have been added since: the lists follow the book.
+void EFilingWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible() && !month_.month.isEmpty())
+        showChangedBills();
+}
+
+bool EFilingWindow::showChangedBills() {
+    FilingMonth fresh;
+    // A read that fails here says nothing: the window keeps what it shows, and writing reads again.
+    if (basic::resume([&] { fresh = ReadFilingMonth(month_.month); }).number() != 0) return false;
+    if (billLines(fresh) == billLines(month_)) return false;
+    showMonth(month_.month);
+    return true;
+}
+
 void EFilingWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) close();
     else QWidget::keyPressEvent(event);
@@ -178,6 +205,12 @@ bool EFilingWindow::writeFiles() {
                           QStringLiteral("\" is not there. Choose a folder and write again."),
                       forms::vbExclamation, QStringLiteral("Not written"));
         txtFolder->setFocus();
+        return false;
+    }
+    if (showChangedBills()) {
+        forms::MsgBox(QStringLiteral("Nothing was written: the bills of ") + month_.month +
+                          QStringLiteral(" in the book are no longer those the window showed. Look at the lists again and write again."),
+                      forms::vbInformation, QStringLiteral("Not written"));
         return false;
     }
     if (month_.bills.empty()) {

@@ -41,8 +41,12 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    // Reads the month again; when its bills are no longer those shown, shows them. True when they were not.
+    bool showChangedBills();
+
     FilingMonth month_;
 };
 

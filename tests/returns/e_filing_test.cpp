@@ -261,4 +261,47 @@ INSTANTIATE_TEST_SUITE_P(Filing, FindingOfAnotherMonth,
                                          OtherMonth{"Purchase", "Local purchases, row 1 (bill FP-1"}),
                          [](const auto& info) { return std::string(info.param.name); });
 
+// ---- bills added while the window stands open ----------------------------------------------------------------
+
+struct Meanwhile {
+    const char* name;
+    bool activated;               // the user comes back to the window before writing
+};
+void PrintTo(const Meanwhile& m, std::ostream* os) { *os << m.name; }
+
+class AddedMeanwhile : public KeyedMonth, public testing::WithParamInterface<Meanwhile> {};
+
+// The lists written are the book's bills at the time of writing, never the ones the window read first.
+TEST_P(AddedMeanwhile, TheListsFollowTheBook) {
+    keyMonth({{"02-03-26", "Alpha Stores", "32071000001", "A-1", "4", "1000", "40", "", "1040.00"}}, {}, false);
+    auto* select = forms::get<frmSelect>("frmSelect");
+    select->Option2_KeyPress(13);
+    auto* filing = dynamic_cast<EFilingWindow*>(forms::get("frmEFiling"));
+    ASSERT_EQ(filing->month().bills.size(), 1u);
+    normal->Show();
+    keyMonth({{"02-03-26", "Alpha Stores", "32071000001", "A-1", "4", "1000", "40", "", "1040.00"},
+              {"03-03-26", "Later Traders", "32071000002", "L-1", "4", "2000", "80", "", "2080.00"}},
+             {}, false);
+    if (GetParam().activated) {
+        filing->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(filing));
+    }
+    filing->txtFolder->setText(folder.path());
+    forms::MsgBoxRecorder boxes{forms::vbYes};
+    EXPECT_EQ(filing->writeFiles(), GetParam().activated);
+    EXPECT_EQ(filing->month().bills.size(), 2u);
+    if (!GetParam().activated) {
+        ASSERT_FALSE(boxes.boxes().empty());
+        EXPECT_TRUE(boxes.boxes().back().text.contains("no longer those the window showed"));
+        EXPECT_TRUE(filing->writeFiles());
+    }
+    QFile csv(QDir(folder.path()).filePath("LocalPurchases-March-2026.csv"));
+    ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(QString::fromUtf8(csv.readAll()).contains("Later Traders"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Filing, AddedMeanwhile,
+                         testing::Values(Meanwhile{"WrittenAtOnce", false}, Meanwhile{"BackToTheWindow", true}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
 }  // namespace
