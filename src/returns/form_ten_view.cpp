@@ -328,13 +328,9 @@ void FormTenWindow::load(const QString& month) {
         read.month = month;
         read.sourceText = QStringLiteral("The return of ") + month + QStringLiteral(" could not be read.");
     }
+    read_ = read;
     month_ = read;
-    // What the chooser handed over stands before the book's own particulars.
-    FormTenValues& v = month_.values;
-    if (!txtDealerName->text().trimmed().isEmpty())
-        v.fixed.insert("dpName", QStringList{txtDealerName->text().trimmed(), v.fixed.value("dpName").section(u'\n', 1)}.join(u'\n').trimmed());
-    if (!txtTIN->text().trimmed().isEmpty()) v.fixed.insert("dpTIN", txtTIN->text().trimmed());
-    if (!txtCST->text().trimmed().isEmpty()) v.fixed.insert("dpCST", txtCST->text().trimmed());
+    handOver(month_.values);
     unsaved_ = false;
     FillBookMonths(cboMonth);
     const int index = cboMonth->findData(month_.month);
@@ -343,6 +339,41 @@ void FormTenWindow::load(const QString& month) {
     showSource();
     lblSaved->clear();
     if (QWidget* first = sheet->editor(QStringLiteral("hdAuthority"))) first->setFocus(Qt::OtherFocusReason);
+}
+
+// What the chooser handed over stands before the book's own particulars.
+void FormTenWindow::handOver(FormTenValues& v) const {
+    if (!txtDealerName->text().trimmed().isEmpty())
+        v.fixed.insert("dpName", QStringList{txtDealerName->text().trimmed(), v.fixed.value("dpName").section(u'\n', 1)}.join(u'\n').trimmed());
+    if (!txtTIN->text().trimmed().isEmpty()) v.fixed.insert("dpTIN", txtTIN->text().trimmed());
+    if (!txtCST->text().trimmed().isEmpty()) v.fixed.insert("dpCST", txtCST->text().trimmed());
+}
+
+// Back from the return window, where the month may have been added or exported since: the form takes
+// the book's figures as they are now, and keeps what was typed and not yet kept.
+void FormTenWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible() && !month_.month.isEmpty())
+        showChangedFigures();
+}
+
+bool FormTenWindow::showChangedFigures() {
+    FormTenMonth fresh;
+    // A read that fails here says nothing: the form keeps what it shows.
+    if (basic::resume([&] { fresh = ReadFormTen(month_.month); }).number() != 0) return false;
+    const auto same = [](const FormTenMonth& a, const FormTenMonth& b) {
+        return a.source == b.source && a.sourceText == b.sourceText && a.values.fixed == b.values.fixed &&
+               a.values.figures == b.values.figures && a.values.typed == b.values.typed && a.values.notes == b.values.notes;
+    };
+    if (same(fresh, read_)) return false;
+    read_ = fresh;
+    fresh.values.typed = month_.values.typed;
+    handOver(fresh.values);
+    ComputeFormTen(fresh.values);
+    month_ = fresh;
+    sheet->setMonth(&month_);
+    showSource();
+    return true;
 }
 
 void FormTenWindow::showSource() {

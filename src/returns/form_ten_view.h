@@ -100,15 +100,19 @@ protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void load(const QString& month);
+    void handOver(FormTenValues& v) const;
+    bool showChangedFigures();
     bool askToKeep();
     void typedBox(const QString& box, const QString& text);
     void showSource();
     QString startingMonth() const;
 
     FormTenMonth month_;
+    FormTenMonth read_;   // the month as last read from the book, before anything was typed
     bool unsaved_ = false;
     FormTenPreview* preview_ = nullptr;
 };

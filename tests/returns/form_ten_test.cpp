@@ -312,4 +312,37 @@ INSTANTIATE_TEST_SUITE_P(
                           {}}),
     [](const auto& info) { return std::string(info.param.name); });
 
+// ---- the month added again while the form stands open --------------------------------------------------
+
+struct AddedAgain {
+    const char* name;
+    bool typed;                   // a box typed on the form and not yet kept
+};
+void PrintTo(const AddedAgain& a, std::ostream* os) { *os << a.name; }
+
+class FormAddedAgain : public KeyedMonth, public testing::WithParamInterface<AddedAgain> {};
+
+// Back on the form after the month was added and exported again, the form shows the new figures, and
+// what was typed and not kept stays typed.
+TEST_P(FormAddedAgain, TheFormTakesTheNewFigures) {
+    keyMonth(purchases(), sales());
+    FormTenWindow* form = openForm();
+    ASSERT_EQ(shown(form, "C1_34"), "1,00,000.00");
+    if (GetParam().typed) type(form, "EN1", "Y");
+    normal->Show();
+    Bills more = purchases();
+    more[0] = {"02-03-26", "Alpha Stores", "32071000001", "A-1", "4", "150000", "6000", "", "156000.00"};
+    keyMonth(more, sales());
+    form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    EXPECT_EQ(shown(form, "C1_34"), "1,50,000.00");
+    EXPECT_EQ(shown(form, "C1_35"), "6,000.00");
+    EXPECT_EQ(form->unsaved(), GetParam().typed);
+    EXPECT_EQ(shown(form, "EN1"), GetParam().typed ? "Y" : "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Form, FormAddedAgain,
+                         testing::Values(AddedAgain{"NothingTyped", false}, AddedAgain{"TypedNotKept", true}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
 }  // namespace
