@@ -200,6 +200,9 @@ public:
     QLabel* lblBook = nullptr;
     // The title, the book's line and the place the return is signed at, from the book open now.
     void showBook();
+    // The dealer's name, the title and the book's line again, after the register changed them (a dealer
+    // named or edited) while the window is open; the place of the month stays as it is.
+    void ShowDealer();
     // After a load whose reads another program's lock passed over: one box naming the book.
     void sayLockMet();
 

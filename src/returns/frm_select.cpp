@@ -164,7 +164,12 @@ void frmSelect::cmdBook_Click() {
     auto* chooser = forms::get<BookChooser>(QStringLiteral("BookChooser"));
     if (!chooser->property("wired").toBool()) {
         chooser->setProperty("wired", true);
-        connect(chooser, &BookChooser::registerChanged, this, [this] { ShowBook(); });
+        connect(chooser, &BookChooser::registerChanged, this, [this] {
+            ShowBook();
+            // A dealer named or edited: the return window open on the book shows and writes the new name.
+            if (forms::exists(QStringLiteral("frmNormal")) && forms::get(QStringLiteral("frmNormal"))->isVisible())
+                forms::get<frmNormal>(QStringLiteral("frmNormal"))->ShowDealer();
+        });
         connect(chooser, &BookChooser::bookOpened, this, [this] {
             bookTrouble_.clear();
             ShowBook();

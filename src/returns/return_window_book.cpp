@@ -3,6 +3,7 @@
 #include "platform/basic/app_path.h"
 #include "platform/forms/msgbox.h"
 #include "returns/frm_normal.h"
+#include "returns/module2.h"
 #include "returns/return_books.h"
 
 #include <QDir>
@@ -15,6 +16,13 @@ const QString kCaption = QStringLiteral("             Form No. 52");
 }
 
 void frmNormal::showBook() {
+    ShowDealer();
+    if (BookIsOpen()) txtPlace->setText(CurrentBook().place);
+}
+
+void frmNormal::ShowDealer() {
+    // The name the month's rows carry in cAddress: what Add writes and the registers head with.
+    lblCustomerName->setText(DealerName);
     if (!BookIsOpen()) {
         setWindowTitle(kCaption);
         lblBook->clear();
@@ -24,7 +32,6 @@ void frmNormal::showBook() {
     const QString tinAndYear = book.tin.isEmpty() ? book.yearText() : QStringLiteral("TIN %1, %2").arg(book.tin, book.yearText());
     setWindowTitle(kCaption + QStringLiteral("  -  ") + book.dealerName.left(120) + QStringLiteral(", ") + tinAndYear);
     lblBook->setText(tinAndYear);
-    txtPlace->setText(book.place);
 }
 
 // The reads of a load go on past every error, so a month that another program kept locked shows as

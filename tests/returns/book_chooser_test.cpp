@@ -323,4 +323,30 @@ TEST_F(Chooser, RemovingTheOpenBooksDealerShutsTheReturnWindow) {
     EXPECT_FALSE(normal->isVisible());
 }
 
+// The dealer of the open book named with the return window open: the window shows the dealer at once,
+// and the bills it adds carry the dealer's name as the book's other rows do.
+TEST_F(Chooser, NamingWithTheReturnWindowOpenShowsAndWritesTheDealer) {
+    MakeBook(Register(), book(QString(), 2025));
+    auto* select = forms::get<frmSelect>("frmSelect");
+    select->Show();
+    BookChooser* c = forms::get<BookChooser>("BookChooser");
+    select->cmdBook_Click();
+    c->Choose(QString(), 2025);
+    ASSERT_TRUE(c->OpenChosen());
+    select->Option1_KeyPress(13);
+    auto* normal = forms::get<frmNormal>("frmNormal");
+    ASSERT_TRUE(normal->isVisible());
+    NameBook(Register(), 2025, *Register().Find("32090000003"));
+    emit c->registerChanged();
+    EXPECT_EQ(normal->lblCustomerName->text(), "Kochi Kitchens");
+    EXPECT_TRUE(normal->windowTitle().contains("Kochi Kitchens, TIN 32090000003, 2025-26")) << normal->windowTitle().toStdString();
+    const QStringList bill = {"1", "05-03-26", "Kochi Retail", "32071000009", "S-1", "4", "1000", "40", "", "1040.00"};
+    normal->fg1->setRows(2);
+    for (int col = 0; col < 10; ++col) normal->fg1->setTextMatrix(1, col, bill[col]);
+    normal->procTotalCal1();
+    normal->cmdAdd_Click();
+    EXPECT_EQ(query(book("32090000003", 2025).folder + "/nwForm10DB.mdb", "SELECT DISTINCT cCode || '|' || cAddress FROM tblPurchase1"),
+              QStringList{"32090000003|Kochi Kitchens"});
+}
+
 }  // namespace
