@@ -357,6 +357,12 @@ void FormTenWindow::changeEvent(QEvent* event) {
         showChangedFigures();
 }
 
+void FormTenWindow::TakeTheBookAgain() {
+    if (month_.month.isEmpty()) return;
+    read_ = FormTenMonth();
+    showChangedFigures();
+}
+
 bool FormTenWindow::showChangedFigures() {
     FormTenMonth fresh;
     // A read that fails here says nothing: the form keeps what it shows.

@@ -91,6 +91,9 @@ public:
     // Keeps the typed boxes. A box its shape refuses is named in a box and takes the focus; a store
     // that refuses the save is named too, and nothing of it is kept. True when kept.
     bool save();
+    // The book's particulars read again, with what the chooser hands over now (after a dealer was named
+    // or edited); the typed boxes stay.
+    void TakeTheBookAgain();
     void preview();
     FormTenPreview* previewWindow() const { return preview_; }
     void printOn(QPrinter* printer);

@@ -169,6 +169,13 @@ void frmSelect::cmdBook_Click() {
             // A dealer named or edited: the return window open on the book shows and writes the new name.
             if (forms::exists(QStringLiteral("frmNormal")) && forms::get(QStringLiteral("frmNormal"))->isVisible())
                 forms::get<frmNormal>(QStringLiteral("frmNormal"))->ShowDealer();
+            if (forms::exists(QStringLiteral("frmDirectToForm")) && forms::get(QStringLiteral("frmDirectToForm"))->isVisible()) {
+                auto* form = forms::get<frmDirectToForm>(QStringLiteral("frmDirectToForm"));
+                form->txtDealerName->setText(DealerName);
+                form->txtTIN->setText(DealerTIN);
+                form->txtCST->setText(DealerCST);
+                form->TakeTheBookAgain();
+            }
         });
         connect(chooser, &BookChooser::bookOpened, this, [this] {
             bookTrouble_.clear();

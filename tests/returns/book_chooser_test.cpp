@@ -323,9 +323,9 @@ TEST_F(Chooser, RemovingTheOpenBooksDealerShutsTheReturnWindow) {
     EXPECT_FALSE(normal->isVisible());
 }
 
-// The dealer of the open book named with the return window open: the window shows the dealer at once,
-// and the bills it adds carry the dealer's name as the book's other rows do.
-TEST_F(Chooser, NamingWithTheReturnWindowOpenShowsAndWritesTheDealer) {
+// The dealer of the open book named with the return window and the form open: both show the dealer at
+// once, and the bills the window adds carry the dealer's name as the book's other rows do.
+TEST_F(Chooser, NamingWithTheBooksWindowsOpenShowsAndWritesTheDealer) {
     MakeBook(Register(), book(QString(), 2025));
     auto* select = forms::get<frmSelect>("frmSelect");
     select->Show();
@@ -336,8 +336,13 @@ TEST_F(Chooser, NamingWithTheReturnWindowOpenShowsAndWritesTheDealer) {
     select->Option1_KeyPress(13);
     auto* normal = forms::get<frmNormal>("frmNormal");
     ASSERT_TRUE(normal->isVisible());
+    select->Option3_KeyPress(13);
+    auto* form = forms::get<frmDirectToForm>("frmDirectToForm");
+    ASSERT_TRUE(form->isVisible());
     NameBook(Register(), 2025, *Register().Find("32090000003"));
     emit c->registerChanged();
+    EXPECT_TRUE(form->month().values.fixed.value("dpName").startsWith("Kochi Kitchens"));
+    EXPECT_EQ(form->month().values.fixed.value("dpTIN"), "32090000003");
     EXPECT_EQ(normal->lblCustomerName->text(), "Kochi Kitchens");
     EXPECT_TRUE(normal->windowTitle().contains("Kochi Kitchens, TIN 32090000003, 2025-26")) << normal->windowTitle().toStdString();
     const QStringList bill = {"1", "05-03-26", "Kochi Retail", "32071000009", "S-1", "4", "1000", "40", "", "1040.00"};
