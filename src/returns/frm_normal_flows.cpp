@@ -13,6 +13,7 @@
 #include "returns/log.h"
 #include "returns/module2.h"
 #include "returns/return_book.h"
+#include "returns/return_books.h"
 #include "returns/store_work.h"
 
 #include <QCloseEvent>
@@ -127,7 +128,7 @@ void frmNormal::commitMonth(bool enableList4, bool markFirstRows) {
         procSetGrid();
         procSetGrid2();
         txtDate->setText(today("dd-mm-yy"));
-        txtPlace->setText(CurrentBook().place);   // the dealer's place; empty while no book is open
+        txtPlace->setText(ForStatements(CurrentBook().place));   // the dealer's place; empty while no book is open
         // The emptied month shows its totals at once, as a month read from the store does.
         procTotalCal1();
         procTotalCal2();

@@ -47,9 +47,6 @@ QString lockFile(const QString& folder) { return QDir(folder).filePath(QStringLi
 
 QSettings settings() { return QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan")); }
 
-// The return window builds its statements by concatenation, without escaping: an apostrophe in the
-// name would end the text early in every one of them. The register keeps the name as typed.
-QString nameForStatements(const QString& name) { return QString(name).replace(u'\'', u'\u2019'); }
 
 QString why(const basic::RuntimeError& e) {
     if (store::isDiskFull(e)) return QStringLiteral("the disk is full");
@@ -72,7 +69,7 @@ void rowsTakeDealer(const QString& folder, const Dealer& dealer) {
                 page = page || c.name == QLatin1String("cYear");
             }
             cn.Execute(QStringLiteral("UPDATE ") + table.name + QStringLiteral(" SET cCode = ") + text(dealer.tin) +
-                       (address ? QStringLiteral(", cAddress = ") + text(nameForStatements(dealer.name)) : QString()) +
+                       (address ? QStringLiteral(", cAddress = ") + text(ForStatements(dealer.name)) : QString()) +
                        QStringLiteral(" WHERE (cCode = '' OR cCode IS NULL)") +
                        (page ? QStringLiteral(" AND cYear <> ''") : QString()));
         }
@@ -117,6 +114,8 @@ void finishNaming(DealerRegister& reg, const BookKey& named) {
 }
 
 }  // namespace
+
+QString ForStatements(const QString& text) { return QString(text).replace(u'\'', u'\u2019'); }
 
 QString BooksFolder() { return QDir(basic::UserPath()).filePath(QStringLiteral("returns")); }
 
@@ -206,7 +205,7 @@ QString OpenBook(const ReturnBook& book) {
     basic::ChDir(book.folder);
     DealerCode = book.tin;
     DealerTIN = book.tin;
-    DealerName = nameForStatements(book.dealerName);
+    DealerName = ForStatements(book.dealerName);
     DealerCST = book.cst;
     settings().setValue(QStringLiteral("returns/lastBook"), book.tin + QLatin1Char('/') + QString::number(book.firstYear));
     return QString();

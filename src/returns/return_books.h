@@ -26,6 +26,10 @@ QString BookName(const ReturnBook& book);
 // What a second program hears of a book the first one has open.
 QString OpenElsewhereText(const ReturnBook& book);
 
+// A text of the register as the return window's statements may carry it: they are built by
+// concatenation, without escaping, so an apostrophe is written as ’. The register keeps the text as typed.
+QString ForStatements(const QString& text);
+
 // Makes the book's folder and its three files, whole or not at all, and lists it in the register. A
 // folder a stopped attempt left complete is taken as it is. Raises with a message naming the book.
 void MakeBook(DealerRegister& reg, const ReturnBook& book);

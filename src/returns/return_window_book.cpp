@@ -17,7 +17,7 @@ const QString kCaption = QStringLiteral("             Form No. 52");
 
 void frmNormal::showBook() {
     ShowDealer();
-    if (BookIsOpen()) txtPlace->setText(CurrentBook().place);
+    if (BookIsOpen()) txtPlace->setText(ForStatements(CurrentBook().place));
 }
 
 void frmNormal::ShowDealer() {

@@ -105,6 +105,31 @@ TEST_P(KeptApart, JanuaryOfEachBookReadsBackAfterRestart) {
 INSTANTIATE_TEST_SUITE_P(Books, KeptApart, ::testing::ValuesIn(kFourBooks),
                          [](const auto& info) { return std::string(info.param.name); });
 
+// ---- an apostrophe in what the register gives the return window -----------------------------------------
+
+struct QuoteCase {
+    const char* name;
+    QString dealerName, place;
+};
+void PrintTo(const QuoteCase& c, std::ostream* os) { *os << c.name; }
+
+class Apostrophe : public Practice, public ::testing::WithParamInterface<QuoteCase> {};
+
+// The return's statements are built unescaped; what the register hands to the window must not end their
+// texts early, or no month of the dealer could be added.
+TEST_P(Apostrophe, TheMonthIsAdded) {
+    Register().Add(dealer("32071234567", GetParam().dealerName, GetParam().place));
+    MakeBook(Register(), book("32071234567", 2025));
+    openWindow(book("32071234567", 2025));
+    EXPECT_EQ(addBill("Party", "10.00"), "RECORD ADDED  SUCCESSFULLY");
+    EXPECT_EQ(query(file(book("32071234567", 2025)), "SELECT count(*) FROM tblCommon"), QStringList{"1"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Books, Apostrophe,
+                         ::testing::Values(QuoteCase{"InTheName", "O'Brien Traders", "Kochi"},
+                                           QuoteCase{"InThePlace", "Malabar Agencies", "St. Mary's Road, Kochi"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
 // ---- the return files of the version before become "Dealer not named", once ---------------------------
 
 struct OldFilesCase {
