@@ -157,6 +157,7 @@ void attachToFullViewer(documents::FullViewer* viewer) {
         }
     });
     onKey(viewer, QKeySequence(Qt::CTRL | Qt::Key_D), [viewer, sameDocument] { bookmarkDocument(viewer, sameDocument()); });
+    onKey(viewer, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
     onKey(viewer, QKeySequence(Qt::CTRL | Qt::Key_M), [viewer, view, sameDocument] {
         const documents::DocumentName d = sameDocument();
         if (addNoteTo(viewer, view, d) && theReader) theReader->notesChanged();

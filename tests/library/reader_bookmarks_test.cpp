@@ -1,6 +1,7 @@
 // Bookmarks: Ctrl+D in the document window, folders, the filter of the bookmarks window and Enter, and a
 // reading list exported by one reader and imported by another.
 #include "reader_fixture.h"
+#include "platform/documents/full_viewer.h"
 #include "support/screens.h"
 
 #include <QLineEdit>
@@ -127,6 +128,34 @@ INSTANTIATE_TEST_SUITE_P(Reader, BookmarkFilter, ::testing::Values(
     FilterCase{"TheKind", "judgement", "J"},
     FilterCase{"NothingFound", "cess", ""}),
     [](const auto& info) { return std::string(info.param.name); });
+
+struct WindowCase {
+    const char* name;
+    bool full;              // the full viewer, else the document window
+};
+void PrintTo(const WindowCase& c, std::ostream* os) { *os << c.name; }
+
+class BookmarksKey : public Bookmarks, public ::testing::TestWithParam<WindowCase> {};
+
+// Ctrl+Shift+B brings the bookmarks window from either window a document is read in.
+TEST_P(BookmarksKey, OpensTheBookmarksFromEitherWindow) {
+    open(keyOf('1'));
+    QWidget* reading = kf();
+    if (GetParam().full) {
+        kf()->OLE1_Click();
+        reading = documents::FullViewer::existing();
+        ASSERT_TRUE(reading && reading->isVisible());
+        reading->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(reading));
+    }
+    press(reading, Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(forms::exists(QStringLiteral("BookmarksWindow")) && window()->isVisible());
+    if (GetParam().full) reading->hide();
+}
+
+INSTANTIATE_TEST_SUITE_P(Reader, BookmarksKey,
+                         ::testing::Values(WindowCase{"DocumentWindow", false}, WindowCase{"FullViewer", true}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace reader_test
