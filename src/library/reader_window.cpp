@@ -61,6 +61,8 @@ public:
         onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M), [this] { notes_->toggle(); });
         onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [this] { cite(view_); });
         onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
+        // The search of the toolbars, from the document being read.
+        onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [] { showReaderWindow(QStringLiteral("frmTextSearch")); });
     }
 
     const documents::DocumentName& current() const { return current_; }
@@ -158,6 +160,7 @@ void attachToFullViewer(documents::FullViewer* viewer) {
     });
     onKey(viewer, QKeySequence(Qt::CTRL | Qt::Key_D), [viewer, sameDocument] { bookmarkDocument(viewer, sameDocument()); });
     onKey(viewer, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
+    onKey(viewer, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [] { showReaderWindow(QStringLiteral("frmTextSearch")); });
     onKey(viewer, QKeySequence(Qt::CTRL | Qt::Key_M), [viewer, view, sameDocument] {
         const documents::DocumentName d = sameDocument();
         if (addNoteTo(viewer, view, d) && theReader) theReader->notesChanged();

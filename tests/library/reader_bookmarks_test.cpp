@@ -129,16 +129,18 @@ INSTANTIATE_TEST_SUITE_P(Reader, BookmarkFilter, ::testing::Values(
     FilterCase{"NothingFound", "cess", ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
-struct WindowCase {
+struct KeyCase {
     const char* name;
     bool full;              // the full viewer, else the document window
+    Qt::Key key;            // with Ctrl+Shift
+    const char* opens;
 };
-void PrintTo(const WindowCase& c, std::ostream* os) { *os << c.name; }
+void PrintTo(const KeyCase& c, std::ostream* os) { *os << c.name; }
 
-class BookmarksKey : public Bookmarks, public ::testing::TestWithParam<WindowCase> {};
+class ReaderKeys : public Bookmarks, public ::testing::TestWithParam<KeyCase> {};
 
-// Ctrl+Shift+B brings the bookmarks window from either window a document is read in.
-TEST_P(BookmarksKey, OpensTheBookmarksFromEitherWindow) {
+// The reader's windows come up by the same keys from either window a document is read in.
+TEST_P(ReaderKeys, OpenTheirWindowFromEitherWindow) {
     open(keyOf('1'));
     QWidget* reading = kf();
     if (GetParam().full) {
@@ -148,13 +150,17 @@ TEST_P(BookmarksKey, OpensTheBookmarksFromEitherWindow) {
         reading->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(reading));
     }
-    press(reading, Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_TRUE(forms::exists(QStringLiteral("BookmarksWindow")) && window()->isVisible());
+    press(reading, GetParam().key, Qt::ControlModifier | Qt::ShiftModifier);
+    const QString opens = QString::fromLatin1(GetParam().opens);
+    EXPECT_TRUE(forms::exists(opens) && forms::get(opens)->isVisible());
     if (GetParam().full) reading->hide();
 }
 
-INSTANTIATE_TEST_SUITE_P(Reader, BookmarksKey,
-                         ::testing::Values(WindowCase{"DocumentWindow", false}, WindowCase{"FullViewer", true}),
+INSTANTIATE_TEST_SUITE_P(Reader, ReaderKeys,
+                         ::testing::Values(KeyCase{"BookmarksInTheDocumentWindow", false, Qt::Key_B, "BookmarksWindow"},
+                                           KeyCase{"BookmarksInTheFullViewer", true, Qt::Key_B, "BookmarksWindow"},
+                                           KeyCase{"SearchInTheDocumentWindow", false, Qt::Key_F, "frmTextSearch"},
+                                           KeyCase{"SearchInTheFullViewer", true, Qt::Key_F, "frmTextSearch"}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
