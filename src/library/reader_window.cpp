@@ -13,6 +13,7 @@
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/window_registry.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QEvent>
 #include <QListWidget>
@@ -39,6 +40,16 @@ void onKey(QWidget* window, QKeySequence keys, std::function<void()> act) {
     QObject::connect(shortcut, &QShortcut::activated, window, [act = std::move(act)] { forms::guard(act); });
 }
 
+// A tool of the reader as an entry of the view's right-button menu, beside the view's own; its keys work
+// anywhere in the window that holds the view.
+void onEntry(documents::DocumentView* view, const QString& text, QKeySequence keys, std::function<void()> act) {
+    auto* entry = new QAction(text, view);
+    entry->setShortcut(keys);
+    entry->setShortcutContext(Qt::WindowShortcut);
+    view->addAction(entry);
+    QObject::connect(entry, &QAction::triggered, view, [act = std::move(act)] { forms::guard(act); });
+}
+
 // A view still at its top with nothing chosen: nobody else (a search's hit, the find bar) has placed it.
 bool untouched(documents::DocumentView* view) {
     if (view->kind() == documents::Kind::Pdf) return view->pdfView()->verticalScrollBar()->value() == 0;
@@ -56,13 +67,15 @@ public:
         connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { leave(); });
         onKey(window, QKeySequence(Qt::ALT | Qt::Key_Left), [this] { go(-1); });
         onKey(window, QKeySequence(Qt::ALT | Qt::Key_Right), [this] { go(1); });
-        onKey(window, QKeySequence(Qt::CTRL | Qt::Key_D), [this] { bookmarkDocument(window_, current_); });
-        onKey(window, QKeySequence(Qt::CTRL | Qt::Key_M), [this] { notes_->addNote(); });
-        onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M), [this] { notes_->toggle(); });
-        onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [this] { cite(view_); });
-        onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
+        onEntry(view_, QStringLiteral("Copy with citation"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [this] { cite(view_); });
+        onEntry(view_, QStringLiteral("Note…"), QKeySequence(Qt::CTRL | Qt::Key_M), [this] { notes_->addNote(); });
+        onEntry(view_, QStringLiteral("Notes beside"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M), [this] { notes_->toggle(); });
+        onEntry(view_, QStringLiteral("Bookmark"), QKeySequence(Qt::CTRL | Qt::Key_D), [this] { bookmarkDocument(window_, current_); });
+        onEntry(view_, QStringLiteral("Bookmarks…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B),
+                [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
         // The search of the toolbars, from the document being read.
-        onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [] { showReaderWindow(QStringLiteral("frmTextSearch")); });
+        onEntry(view_, QStringLiteral("Search the library…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
+                [] { showReaderWindow(QStringLiteral("frmTextSearch")); });
     }
 
     const documents::DocumentName& current() const { return current_; }
@@ -150,7 +163,7 @@ void attachToFullViewer(documents::FullViewer* viewer) {
         auto* kf = static_cast<keralaforms*>(theReader->parent());
         return kf->OLE1->document() == view->document() ? theReader->current() : documents::DocumentName();
     };
-    onKey(viewer, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [view, sameDocument] {
+    onEntry(view, QStringLiteral("Copy with citation"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [view, sameDocument] {
         const documents::DocumentName d = sameDocument();
         if (d.key.isEmpty()) flash(view->window(), QStringLiteral("This document has no citation: it is not one of the library's"));
         else {
@@ -158,10 +171,12 @@ void attachToFullViewer(documents::FullViewer* viewer) {
             flash(view->window(), QStringLiteral("Copied with its citation"));
         }
     });
-    onKey(viewer, QKeySequence(Qt::CTRL | Qt::Key_D), [viewer, sameDocument] { bookmarkDocument(viewer, sameDocument()); });
-    onKey(viewer, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
-    onKey(viewer, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [] { showReaderWindow(QStringLiteral("frmTextSearch")); });
-    onKey(viewer, QKeySequence(Qt::CTRL | Qt::Key_M), [viewer, view, sameDocument] {
+    onEntry(view, QStringLiteral("Bookmark"), QKeySequence(Qt::CTRL | Qt::Key_D), [viewer, sameDocument] { bookmarkDocument(viewer, sameDocument()); });
+    onEntry(view, QStringLiteral("Bookmarks…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B),
+            [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
+    onEntry(view, QStringLiteral("Search the library…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
+            [] { showReaderWindow(QStringLiteral("frmTextSearch")); });
+    onEntry(view, QStringLiteral("Note…"), QKeySequence(Qt::CTRL | Qt::Key_M), [viewer, view, sameDocument] {
         const documents::DocumentName d = sameDocument();
         if (addNoteTo(viewer, view, d) && theReader) theReader->notesChanged();
     });

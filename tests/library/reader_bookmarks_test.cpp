@@ -163,5 +163,26 @@ INSTANTIATE_TEST_SUITE_P(Reader, ReaderKeys,
                                            KeyCase{"SearchInTheFullViewer", true, Qt::Key_F, "frmTextSearch"}),
                          [](const auto& info) { return std::string(info.param.name); });
 
+class ReaderMenu : public Bookmarks, public ::testing::TestWithParam<bool> {};
+
+// The right button's menu of a document lists the view's tools and the reader's, in either window.
+TEST_P(ReaderMenu, HoldsTheViewsToolsAndTheReaders) {
+    open(keyOf('1'));
+    documents::DocumentView* view = kf()->OLE1;
+    if (GetParam()) {
+        kf()->OLE1_Click();
+        ASSERT_TRUE(documents::FullViewer::existing());
+        view = documents::FullViewer::existing()->view();
+    }
+    QStringList entries;
+    for (const QAction* a : view->actions()) entries << a->text();
+    for (const char* entry : {"Print…", "Zoom in", "Light on dark", "Copy with citation", "Note…", "Bookmark"})
+        EXPECT_TRUE(entries.contains(QString::fromUtf8(entry))) << entry << " not in " << entries.join(", ").toStdString();
+    if (GetParam()) documents::FullViewer::existing()->hide();
+}
+
+INSTANTIATE_TEST_SUITE_P(Reader, ReaderMenu, ::testing::Values(false, true),
+                         [](const auto& info) { return std::string(info.param ? "FullViewer" : "DocumentWindow"); });
+
 }  // namespace
 }  // namespace reader_test
