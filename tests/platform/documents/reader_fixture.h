@@ -4,7 +4,7 @@
 #include "platform/documents/document_view.h"
 #include "platform/documents/find_bar.h"
 #include "platform/documents/light_on_dark.h"
-#include "platform/documents/reader_tools.h"
+#include "platform/documents/view_tools.h"
 #include "platform/documents/zoom.h"
 
 #include "support/printers.h"
@@ -59,7 +59,7 @@ protected:
         (new QVBoxLayout(&window))->addWidget(view);
         window.layout()->setContentsMargins(0, 0, 0, 0);
         bar = FindBar::attach(view);
-        tools = ReaderTools::attach(view, [] { return PrintHead{QStringLiteral("Circular 18/2009"), QStringLiteral("Circular")}; });
+        tools = ViewTools::attach(view, [] { return PrintHead{QStringLiteral("Circular 18/2009"), QStringLiteral("Circular")}; });
         window.resize(800, 600);
         window.show();
         window.activateWindow();
@@ -89,7 +89,7 @@ protected:
     QWidget window;
     DocumentView* view = nullptr;
     FindBar* bar = nullptr;
-    ReaderTools* tools = nullptr;
+    ViewTools* tools = nullptr;
 };
 
 }  // namespace documents
