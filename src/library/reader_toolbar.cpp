@@ -1,58 +1,22 @@
-// The reader's file of the run, and its tools on the main toolbars.
+// The reader's buttons on the main toolbars (Recent, Bookmarks, My documents) and the windows they show.
 #include "library/reader.h"
 
 #include "library/reader_documents.h"
-#include "platform/basic/app_path.h"
-#include "platform/basic/log.h"
 #include "platform/documents/reader_store.h"
-#include "platform/forms/msgbox.h"
+#include "platform/forms/drawn_icon.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/window_registry.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QMenu>
 #include <QPainter>
-#include <QSettings>
 #include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 
-VORLAN_LOGGING_CATEGORY(lcReader, "vorlan.library.reader")
-
 namespace library {
 
 namespace {
-
-const QString kMadeSetting = QStringLiteral("Reader/fileMade");
-
-std::unique_ptr<documents::ReaderStore> openReader(const QString& path) {
-    std::unique_ptr<documents::ReaderStore> store;
-    const bool wasMade = QSettings().value(kMadeSetting).toBool();
-    const bool missing = !QFileInfo::exists(path);
-    const basic::RuntimeError failed = basic::resume([&] { store = std::make_unique<documents::ReaderStore>(path); });
-    if (failed.number() != 0) {
-        qCWarning(lcReader) << "the reader's file cannot be made:" << failed.description();
-        store = std::make_unique<documents::ReaderStore>(QString());
-        forms::MsgBox(QStringLiteral("Vorlan cannot keep its reader's file\n%1\n\n%2\n\nBookmarks, notes and history "
-                                     "work until the program ends, and are not kept.")
-                          .arg(QDir::toNativeSeparators(path), failed.description()),
-                      forms::vbExclamation, QStringLiteral("Bookmarks and notes"));
-        return store;
-    }
-    QSettings().setValue(kMadeSetting, true);
-    if (!store->keptAside().isEmpty())
-        forms::MsgBox(QStringLiteral("The file of your bookmarks, notes and history was damaged and has been kept aside as\n%1\n\n"
-                                     "Vorlan starts without bookmarks.")
-                          .arg(QDir::toNativeSeparators(store->keptAside())),
-                      forms::vbExclamation, QStringLiteral("Bookmarks and notes"));
-    else if (missing && wasMade)
-        forms::MsgBox(QStringLiteral("The file of your bookmarks, notes and history is missing:\n%1\n\nVorlan starts "
-                                     "without bookmarks.")
-                          .arg(QDir::toNativeSeparators(path)),
-                      forms::vbExclamation, QStringLiteral("Bookmarks and notes"));
-    return store;
-}
 
 QString when(const QDateTime& at) {
     const QDate today = QDate::currentDate();
@@ -64,13 +28,7 @@ QString when(const QDateTime& at) {
 
 // A ribbon over a page: the bookmarks' button.
 QIcon ribbonIcon() {
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48}) {
-        QPixmap picture(size, size);
-        picture.fill(Qt::transparent);
-        QPainter p(&picture);
-        p.setRenderHint(QPainter::Antialiasing);
-        const qreal s = size / 32.0;
+    return forms::drawnIcon([](QPainter& p, qreal s) {
         p.setPen(QPen(QColor(0x55, 0x55, 0x55), 1.5 * s));
         p.setBrush(QColor(0xfb, 0xfb, 0xf4));
         p.drawRect(QRectF(5 * s, 3 * s, 22 * s, 26 * s));
@@ -78,9 +36,7 @@ QIcon ribbonIcon() {
         p.setBrush(QColor(0xc0, 0x39, 0x2b));
         const QPointF ribbon[] = {{15 * s, 1 * s}, {24 * s, 1 * s}, {24 * s, 19 * s}, {19.5 * s, 15 * s}, {15 * s, 19 * s}};
         p.drawPolygon(ribbon, 5);
-        icon.addPixmap(picture);
-    }
-    return icon;
+    });
 }
 
 void fillRecent(QMenu* menu) {
@@ -103,20 +59,6 @@ void fillRecent(QMenu* menu) {
 }
 
 }  // namespace
-
-documents::ReaderStore& readerStore() {
-    static std::unique_ptr<documents::ReaderStore> open;
-    static QString openAt;
-    const QString path = QDir(basic::UserPath()).filePath(kReaderFile);
-    if (!open || openAt != path) {
-        open.reset();
-        open = openReader(path);
-        openAt = path;
-    }
-    return *open;
-}
-
-void startReader() { readerStore(); }
 
 void showReaderWindow(const QString& name) {
     QWidget* window = forms::get(name);
