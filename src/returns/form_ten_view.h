@@ -92,8 +92,7 @@ public:
     // that refuses the save is named too, and nothing of it is kept. True when kept.
     bool save();
     void preview();
-    FormTenPreview* previewWindow() const { return preview_; }
-    void printOn(QPrinter* printer);
+    FormTenPreview* previewWindow() const { return preview_.get(); }
     bool savePdf(const QString& path);
 
 protected:
@@ -110,7 +109,7 @@ private:
 
     FormTenMonth month_;
     bool unsaved_ = false;
-    FormTenPreview* preview_ = nullptr;
+    std::unique_ptr<FormTenPreview> preview_;
 };
 
 }  // namespace returns
