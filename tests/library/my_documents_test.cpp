@@ -5,6 +5,7 @@
 
 #include "library/document_guess.h"
 #include "library/my_documents.h"
+#include "support/made_pdfs.h"
 #include "support/screens.h"
 
 #include <QApplication>
@@ -20,22 +21,11 @@ namespace {
 
 const char kCircular[] = "{\\rtf1\\ansi Circular No. 9/2024\\par Dated 05-02-2024\\par Turmeric bought from farmers bears no tax.\\par}";
 
-QByteArray pdfOf(const QString& text) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    QTextDocument document;
-    document.setPlainText(text);
-    document.print(&writer);
-    return bytes;
-}
-
 // The files of a folder by name: each maker writes one.
 void makeFile(const QDir& folder, const QString& name) {
     const QString path = folder.filePath(name);
     if (name == "circular.rtf" || name == "copy.rtf") writeFile(path, kCircular);
-    else if (name == "notification.pdf") writeFile(path, pdfOf("NOTIFICATION\nS.R.O. No. 12/2024\nDated 01-03-2024\nCardamom is exempt."));
+    else if (name == "notification.pdf") writeFile(path, pdfOfText("NOTIFICATION\nS.R.O. No. 12/2024\nDated 01-03-2024\nCardamom is exempt."));
     else if (name == "minutes.txt") writeFile(path, "Minutes of the meeting on e-way bills\nThe dealers asked for more time.\n");
     else if (name == "picture.png") writeFile(path, QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16));
     else if (name == "damaged.pdf") writeFile(path, "%PDF-1.4\n1 0 obj << /Type /Catalog >> garbage");

@@ -1,5 +1,6 @@
 #include "platform/documents/document_view.h"
 
+#include "support/made_pdfs.h"
 #include "support/printers.h"
 
 #include <QBuffer>
@@ -14,19 +15,6 @@
 #include <gtest/gtest.h>
 
 namespace documents {
-
-QByteArray pdfOfPages(int pages) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    QPainter painter(&writer);
-    for (int page = 1; page <= pages; ++page) {
-        if (page > 1) writer.newPage();
-        painter.drawText(100, 100, QStringLiteral("Page %1").arg(page));
-    }
-    painter.end();
-    return buffer.data();
-}
 
 // A view of the given size showing the document, on screen.
 struct ShownView : DocumentView {
@@ -54,7 +42,7 @@ TEST(DocumentView, ShowsEachKindInItsViewerAndClearsIt) {
         {"{\\rtf1\\ansi Rule {\\b 58}\\par caf\\'e9}", Kind::Rtf, "Rule 58\ncafé", 0},
         {"<html><body><p>Act <b>1963</b></p><p>caf\xC3\xA9</p></body></html>", Kind::Html, "Act 1963\ncafé", 0},
         {"Form 10\r\ncaf\xE9", Kind::Text, "Form 10\ncafé", 0},
-        {pdfOfPages(3), Kind::Pdf, "", 3},
+        {pdfOfLines({"Page 1", "Page 2", "Page 3"}), Kind::Pdf, "", 3},
         {"%PDF-1.4 not really", Kind::Pdf, "", 0}};
     for (const auto& c : cases) {
         ShownView view(600, 400, c.bytes);

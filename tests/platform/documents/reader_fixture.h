@@ -7,6 +7,7 @@
 #include "platform/documents/view_tools.h"
 #include "platform/documents/zoom.h"
 
+#include "support/made_pdfs.h"
 #include "support/printers.h"
 
 #include <QBuffer>
@@ -21,24 +22,6 @@
 #include <gtest/gtest.h>
 
 namespace documents {
-
-// A PDF of A4 pages with one line of text each, an inch from the page's left and top.
-inline QByteArray pdfOfLines(const QStringList& lines) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setResolution(72);
-    QPainter painter(&writer);
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setPixelSize(14);
-    painter.setFont(font);
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (i > 0) writer.newPage();
-        painter.drawText(QPointF(72, 72), lines[i]);
-    }
-    painter.end();
-    return buffer.data();
-}
 
 // Paragraphs of words, long enough to fill pages.
 inline QByteArray longRtf(int paragraphs) {
