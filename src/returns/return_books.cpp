@@ -5,6 +5,7 @@
 #include "platform/basic/runtime_error.h"
 #include "platform/store/connection.h"
 #include "platform/store/errors.h"
+#include "platform/store/transaction.h"
 #include "returns/log.h"
 #include "returns/module2.h"
 #include "returns/return_schema.h"
@@ -62,8 +63,7 @@ void rowsTakeDealer(const QString& folder, const Dealer& dealer) {
     store::Connection cn;
     cn.Open(QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + folder + QStringLiteral("\\nwForm10DB.mdb"));
     const auto text = [](const QString& t) { return QLatin1Char('\'') + QString(t).replace(QStringLiteral("'"), QStringLiteral("''")) + QLatin1Char('\''); };
-    cn.BeginTrans();
-    try {
+    store::inTransaction(cn, [&] {
         for (const ReturnTable& table : ReturnSchema()) {
             bool address = false, page = false;
             for (const ReturnColumn& c : table.columns) {
@@ -75,11 +75,7 @@ void rowsTakeDealer(const QString& folder, const Dealer& dealer) {
                        QStringLiteral(" WHERE (cCode = '' OR cCode IS NULL)") +
                        (page ? QStringLiteral(" AND cYear <> ''") : QString()));
         }
-        cn.CommitTrans();
-    } catch (...) {
-        (void)basic::resume([&] { cn.RollbackTrans(); });
-        throw;
-    }
+    });
     cn.Close();
 }
 
