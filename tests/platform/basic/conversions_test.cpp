@@ -8,41 +8,75 @@
 
 using namespace basic;
 
-TEST(Val, ReadsTheLeadingNumberOfAText) {
-    const struct { const char* text; double want; } cases[] = {
-        {"12abc", 12}, {"abc", 0}, {"", 0}, {" 1 2", 12}, {"-3.5x", -3.5}, {"1,000", 1},
-        {"  7.25  ", 7.25}, {"1e3x", 1000}, {"&H1F", 31}, {".5", 0.5}, {"-", 0}, {"12.5.3", 12.5},
-    };
-    for (const auto& c : cases) EXPECT_DOUBLE_EQ(Val(QString::fromUtf8(c.text)), c.want) << c.text;
+std::string caseName(const char* name) { return name; }
+
+struct ValCase { const char* name; const char* text; double want; };
+class ValText : public ::testing::TestWithParam<ValCase> {};
+
+TEST_P(ValText, ReadsTheLeadingNumberOfAText) {
+    EXPECT_DOUBLE_EQ(Val(QString::fromUtf8(GetParam().text)), GetParam().want);
 }
 
-TEST(Format, TwoDecimalsHalvesAwayFromZeroOnTheDecimalValue) {
-    const struct { Variant value; const char* want; } cases[] = {
-        {1.005, "1.01"}, {-2.675, "-2.68"}, {0.0, "0.00"}, {1126.25, "1126.25"}, {1234567.891, "1234567.89"},
-        {0.125, "0.13"}, {2.5, "2.50"}, {0.004, "0.00"}, {99.995, "100.00"}, {1, "1.00"},
-        {Variant("125"), "125.00"}, {Variant(" 1.25 "), "1.25"}, {Variant("abc"), "abc"}, {Variant::null(), ""},
-        {Variant::currency(12.345), "12.35"}, {12345678.125, "12345678.13"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Format(c.value, "#0.00"), QString::fromUtf8(c.want)) << c.want;
+INSTANTIATE_TEST_SUITE_P(Texts, ValText, ::testing::ValuesIn(std::vector<ValCase>{
+    {"LettersAfter", "12abc", 12}, {"LettersOnly", "abc", 0}, {"Empty", "", 0}, {"BlanksBetweenDigits", " 1 2", 12},
+    {"Negative", "-3.5x", -3.5}, {"CommaEnds", "1,000", 1}, {"BlanksAround", "  7.25  ", 7.25}, {"Exponent", "1e3x", 1000},
+    {"Hexadecimal", "&H1F", 31}, {"LeadingPoint", ".5", 0.5}, {"SignAlone", "-", 0}, {"SecondPointEnds", "12.5.3", 12.5},
+}), [](const auto& info) { return caseName(info.param.name); });
+
+struct FormatCase { const char* name; Variant value; const char* want; };
+class FormatTwoDecimals : public ::testing::TestWithParam<FormatCase> {};
+
+TEST_P(FormatTwoDecimals, HalvesAwayFromZeroOnTheDecimalValue) {
+    EXPECT_EQ(Format(GetParam().value, "#0.00"), QString::fromUtf8(GetParam().want));
 }
 
-TEST(CDate, MonthFirstTwoDigitYearsAndMismatch) {
-    Clock::set(QDate(2011, 5, 1));
-    const struct { const char* text; QDate want; } cases[] = {
-        {"09-26-08", QDate(2008, 9, 26)},  {"01-02-29", QDate(2029, 1, 2)},   {"01-02-30", QDate(1930, 1, 2)},
-        {"12-31-99", QDate(1999, 12, 31)}, {"26-09-08", QDate(2008, 9, 26)},  {"18-Dec-1982", QDate(1982, 12, 18)},
-        {"2008-09-26", QDate(2008, 9, 26)}, {"9/26/2008", QDate(2008, 9, 26)}, {"December 18, 1982", QDate(1982, 12, 18)},
-        {"18-Dec", QDate(2011, 12, 18)},
-    };
-    for (const auto& c : cases) EXPECT_EQ(CDate(Variant(c.text)), c.want) << c.text;
-    for (const char* bad : {"", "abc", "13-13-08", "02-30-08", "18-Dex-1982", "1-2-3-4", "12:30"}) {
-        const RuntimeError e = resume([&] { CDate(Variant(bad)); });
-        EXPECT_EQ(e.number(), 13) << bad;
-        EXPECT_EQ(e.description(), "Type mismatch");
-        EXPECT_FALSE(IsDate(Variant(bad))) << bad;
-    }
-    Clock::reset();
+INSTANTIATE_TEST_SUITE_P(Values, FormatTwoDecimals, ::testing::ValuesIn(std::vector<FormatCase>{
+    {"HalfUp", 1.005, "1.01"}, {"NegativeHalfAway", -2.675, "-2.68"}, {"Zero", 0.0, "0.00"}, {"Exact", 1126.25, "1126.25"},
+    {"Millions", 1234567.891, "1234567.89"}, {"EighthUp", 0.125, "0.13"}, {"OneDecimal", 2.5, "2.50"},
+    {"BelowHalfCent", 0.004, "0.00"}, {"CarriesToHundred", 99.995, "100.00"}, {"Whole", 1, "1.00"},
+    {"NumericText", Variant("125"), "125.00"}, {"NumericTextWithBlanks", Variant(" 1.25 "), "1.25"},
+    {"OtherTextAsItIs", Variant("abc"), "abc"}, {"NullEmpty", Variant::null(), ""}, {"Currency", Variant::currency(12.345), "12.35"},
+    {"LargeHalf", 12345678.125, "12345678.13"},
+}), [](const auto& info) { return caseName(info.param.name); });
+
+// Dates read month first, two-digit years split at 30, on 1 May 2011.
+struct CDateCase { const char* name; const char* text; QDate want; };
+class CDateText : public ::testing::TestWithParam<CDateCase> {
+protected:
+    void SetUp() override { Clock::set(QDate(2011, 5, 1)); }
+    void TearDown() override { Clock::reset(); }
+};
+
+TEST_P(CDateText, MonthFirstTwoDigitYears) {
+    EXPECT_EQ(CDate(Variant(GetParam().text)), GetParam().want);
 }
+
+INSTANTIATE_TEST_SUITE_P(Texts, CDateText, ::testing::ValuesIn(std::vector<CDateCase>{
+    {"MonthFirst", "09-26-08", QDate(2008, 9, 26)}, {"Year29IsThisCentury", "01-02-29", QDate(2029, 1, 2)},
+    {"Year30IsLastCentury", "01-02-30", QDate(1930, 1, 2)}, {"LastDayOf99", "12-31-99", QDate(1999, 12, 31)},
+    {"DayFirstWhenMonthCannotBe", "26-09-08", QDate(2008, 9, 26)}, {"MonthName", "18-Dec-1982", QDate(1982, 12, 18)},
+    {"Iso", "2008-09-26", QDate(2008, 9, 26)}, {"Slashes", "9/26/2008", QDate(2008, 9, 26)},
+    {"LongForm", "December 18, 1982", QDate(1982, 12, 18)}, {"NoYearIsThisYear", "18-Dec", QDate(2011, 12, 18)},
+}), [](const auto& info) { return caseName(info.param.name); });
+
+struct NotADateCase { const char* name; const char* text; };
+class CDateMismatch : public ::testing::TestWithParam<NotADateCase> {
+protected:
+    void SetUp() override { Clock::set(QDate(2011, 5, 1)); }
+    void TearDown() override { Clock::reset(); }
+};
+
+TEST_P(CDateMismatch, RaisesTypeMismatch) {
+    const RuntimeError e = resume([&] { CDate(Variant(GetParam().text)); });
+    EXPECT_EQ(e.number(), 13);
+    EXPECT_EQ(e.description(), "Type mismatch");
+    EXPECT_FALSE(IsDate(Variant(GetParam().text)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, CDateMismatch, ::testing::ValuesIn(std::vector<NotADateCase>{
+    {"Empty", ""}, {"Letters", "abc"}, {"NoMonth13", "13-13-08"}, {"NoFebruary30", "02-30-08"},
+    {"MisspeltMonth", "18-Dex-1982"}, {"FourParts", "1-2-3-4"}, {"ATime", "12:30"},
+}), [](const auto& info) { return caseName(info.param.name); });
 
 TEST(Conversions, NumbersTextsAndNull) {
     const std::pair<QString, QString> texts[] = {
