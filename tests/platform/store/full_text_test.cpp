@@ -6,27 +6,34 @@
 
 namespace {
 
-TEST(TextQuery, ReadsWhatTheUserTypes) {
-    // Plain words, a phrase, OR and NOT alone are pinned by what the library's search finds.
-    const struct { QString typed, match; } cases[] = {
-        {"tax NOT cess -rubber", R"("tax" | "cess" OR "rubber")"},
-        {R"(cred* "input tax cr*" "tax"*)", R"("cred*" "input tax cr*" "tax*")"},
-        {"input-tax", R"("input tax")"},
-        {"OR tax OR", R"("tax")"},
-        {"tax OR -\"cess rate\"", R"("tax" | "cess rate")"},
-        {R"("unclosed phrase)", R"("unclosed phrase")"},
-        // A chillu typed as one letter, or as consonant, virama and joiner, is the same word.
-        {u"\u0D38\u0D7C\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D7C"_qs, u"\"\u0D38\u0D30\u0D4D\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D30\u0D4D\""_qs},
-        {u"\u0D38\u0D30\u0D4D\u200D\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D30\u0D4D\u200D"_qs,
-         u"\"\u0D38\u0D30\u0D4D\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D30\u0D4D\""_qs},
-    };
-    for (const auto& c : cases) {
-        const store::TextQuery q = store::parseTextQuery(c.typed);
-        const QString exclusion = q.exclusionExpression();
-        EXPECT_EQ(q.matchExpression() + (exclusion.isEmpty() ? QString() : " | " + exclusion), c.match)
-            << c.typed.toStdString();
-    }
+// What the user types and the match and exclusion it becomes. Plain words, a phrase, OR and NOT alone are
+// pinned by what the library's search finds.
+struct QueryCase { const char* name; QString typed, match; };
+
+const QueryCase kQueries[] = {
+    {"NotAndMinus", "tax NOT cess -rubber", R"("tax" | "cess" OR "rubber")"},
+    {"Prefixes", R"(cred* "input tax cr*" "tax"*)", R"("cred*" "input tax cr*" "tax*")"},
+    {"HyphenJoinsAPhrase", "input-tax", R"("input tax")"},
+    {"DanglingOr", "OR tax OR", R"("tax")"},
+    {"ExcludedPhrase", "tax OR -\"cess rate\"", R"("tax" | "cess rate")"},
+    {"UnclosedPhrase", R"("unclosed phrase)", R"("unclosed phrase")"},
+    // A chillu typed as one letter, or as consonant, virama and joiner, is the same word.
+    {"ChilluAsOneLetter", u"\u0D38\u0D7C\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D7C"_qs,
+     u"\"\u0D38\u0D30\u0D4D\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D30\u0D4D\""_qs},
+    {"ChilluWithJoiner", u"\u0D38\u0D30\u0D4D\u200D\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D30\u0D4D\u200D"_qs,
+     u"\"\u0D38\u0D30\u0D4D\u0D15\u0D4D\u0D15\u0D41\u0D32\u0D30\u0D4D\""_qs},
+};
+
+class TextQuery : public ::testing::TestWithParam<QueryCase> {};
+
+TEST_P(TextQuery, ReadsWhatTheUserTypes) {
+    const store::TextQuery q = store::parseTextQuery(GetParam().typed);
+    const QString exclusion = q.exclusionExpression();
+    EXPECT_EQ(q.matchExpression() + (exclusion.isEmpty() ? QString() : " | " + exclusion), GetParam().match);
 }
+
+INSTANTIATE_TEST_SUITE_P(Typed, TextQuery, ::testing::ValuesIn(kQueries),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(StoreFixture, FindsWholeWordsAndRanksTitlesFirst) {
     cn.Execute("CREATE VIRTUAL TABLE Words USING fts4(key, title, body, tokenize=words)");
