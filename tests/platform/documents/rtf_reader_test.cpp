@@ -116,21 +116,29 @@ QString firstTable(const QTextDocument& document) {
     return {};
 }
 
-TEST(RtfTables, CellsLandInTheirPlace) {
-    const struct { QByteArray rtf; const char* table, *text; } cases[] = {  // text: the whole document
-        {"{\\rtf1 before\\par\\trowd\\cellx1000\\cellx2000\\pard\\intbl a\\cell b\\cell\\row"
-         "\\trowd\\cellx1000\\cellx2000\\pard\\intbl c\\cell\\cell\\row\\pard after\\par}",
-         "a|b\nc|", "before\na\nb\nc\n\nafter"},
-        {"{\\rtf1\\trowd\\cellx900{\\pard\\intbl x\\par}{\\pard\\intbl y\\par}\\cell\\row}", "x\u2029y", "\nx\ny\n"},
-        {"{\\rtf1\\trowd\\cellx900\\intbl a\\cell b\\cell\\row}", "a|b", "\na\nb\n"},  // more cells than defined
-    };
-    for (const auto& c : cases) {
-        QTextDocument document;
-        readRtf(c.rtf, document);
-        EXPECT_EQ(firstTable(document), QString::fromUtf8(c.table)) << c.rtf.constData();
-        EXPECT_EQ(document.toPlainText(), QString::fromUtf8(c.text)) << c.rtf.constData();
-    }
+// A table's rows and cells as read, and the whole document's text around it.
+struct TableCase { const char* name; QByteArray rtf; const char* table, *text; };
+
+const TableCase kTables[] = {
+    {"TwoRowsBetweenParagraphs",
+     "{\\rtf1 before\\par\\trowd\\cellx1000\\cellx2000\\pard\\intbl a\\cell b\\cell\\row"
+     "\\trowd\\cellx1000\\cellx2000\\pard\\intbl c\\cell\\cell\\row\\pard after\\par}",
+     "a|b\nc|", "before\na\nb\nc\n\nafter"},
+    {"ParagraphsInACell", "{\\rtf1\\trowd\\cellx900{\\pard\\intbl x\\par}{\\pard\\intbl y\\par}\\cell\\row}", "x\u2029y", "\nx\ny\n"},
+    {"MoreCellsThanDefined", "{\\rtf1\\trowd\\cellx900\\intbl a\\cell b\\cell\\row}", "a|b", "\na\nb\n"},
+};
+
+class RtfTableCells : public ::testing::TestWithParam<TableCase> {};
+
+TEST_P(RtfTableCells, LandInTheirPlace) {
+    QTextDocument document;
+    readRtf(GetParam().rtf, document);
+    EXPECT_EQ(firstTable(document), QString::fromUtf8(GetParam().table));
+    EXPECT_EQ(document.toPlainText(), QString::fromUtf8(GetParam().text));
 }
+
+INSTANTIATE_TEST_SUITE_P(Tables, RtfTableCells, ::testing::ValuesIn(kTables),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 // The first cell of the first table: its paragraph's alignment and left indent, its padding, and each edge
 // as style:width (T, L, B, R; "-" where there is no line).
