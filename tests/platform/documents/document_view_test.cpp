@@ -35,29 +35,37 @@ int ink(QWidget& view) {
     return dark;
 }
 
-// Each kind in its viewer, its text drawn, and cleared again.
-TEST(DocumentView, ShowsEachKindInItsViewerAndClearsIt) {
-    const struct { QByteArray bytes; Kind kind; const char* text; int pages; } cases[] = {
-        {QByteArray(), Kind::None, "", 0},
-        {"{\\rtf1\\ansi Rule {\\b 58}\\par caf\\'e9}", Kind::Rtf, "Rule 58\ncafé", 0},
-        {"<html><body><p>Act <b>1963</b></p><p>caf\xC3\xA9</p></body></html>", Kind::Html, "Act 1963\ncafé", 0},
-        {"Form 10\r\ncaf\xE9", Kind::Text, "Form 10\ncafé", 0},
-        {pdfOfLines({"Page 1", "Page 2", "Page 3"}), Kind::Pdf, "", 3},
-        {"%PDF-1.4 not really", Kind::Pdf, "", 0}};
-    for (const auto& c : cases) {
-        ShownView view(600, 400, c.bytes);
-        EXPECT_EQ(view.kind(), c.kind);
-        EXPECT_EQ(view.plainText(), QString::fromUtf8(c.text));
-        EXPECT_EQ(view.pageCount(), c.pages);
-        EXPECT_EQ(view.textBrowser()->isVisible(), c.kind != Kind::None && c.kind != Kind::Pdf);
-        EXPECT_EQ(view.pdfView()->isVisible(), c.kind == Kind::Pdf);
-        EXPECT_TRUE(view.textBrowser()->isReadOnly());
-        if (*c.text) { EXPECT_GT(ink(view), 50) << c.text; }
-        view.clear();
-        EXPECT_TRUE(view.kind() == Kind::None && view.plainText().isEmpty() && view.pageCount() == 0);
-        EXPECT_FALSE(view.textBrowser()->isVisible() || view.pdfView()->isVisible());
-    }
+// Each kind in its viewer, its text drawn, and cleared again. A PDF of three pages is made when the test
+// runs, as it needs the application.
+struct KindCase { const char* name; QByteArray bytes; Kind kind; const char* text; int pages; };
+
+const KindCase kKinds[] = {
+    {"Nothing", QByteArray(), Kind::None, "", 0},
+    {"Rtf", "{\\rtf1\\ansi Rule {\\b 58}\\par caf\\'e9}", Kind::Rtf, "Rule 58\ncafé", 0},
+    {"Html", "<html><body><p>Act <b>1963</b></p><p>caf\xC3\xA9</p></body></html>", Kind::Html, "Act 1963\ncafé", 0},
+    {"TextInWindows1252", "Form 10\r\ncaf\xE9", Kind::Text, "Form 10\ncafé", 0},
+    {"PdfOfThreePages", QByteArray(), Kind::Pdf, "", 3},
+    {"DamagedPdf", "%PDF-1.4 not really", Kind::Pdf, "", 0}};
+
+class DocumentKinds : public ::testing::TestWithParam<KindCase> {};
+
+TEST_P(DocumentKinds, ShownInTheirViewerAndClearedAgain) {
+    const KindCase& c = GetParam();
+    ShownView view(600, 400, c.pages ? pdfOfLines({"Page 1", "Page 2", "Page 3"}) : c.bytes);
+    EXPECT_EQ(view.kind(), c.kind);
+    EXPECT_EQ(view.plainText(), QString::fromUtf8(c.text));
+    EXPECT_EQ(view.pageCount(), c.pages);
+    EXPECT_EQ(view.textBrowser()->isVisible(), c.kind != Kind::None && c.kind != Kind::Pdf);
+    EXPECT_EQ(view.pdfView()->isVisible(), c.kind == Kind::Pdf);
+    EXPECT_TRUE(view.textBrowser()->isReadOnly());
+    if (*c.text) { EXPECT_GT(ink(view), 50); }
+    view.clear();
+    EXPECT_TRUE(view.kind() == Kind::None && view.plainText().isEmpty() && view.pageCount() == 0);
+    EXPECT_FALSE(view.textBrowser()->isVisible() || view.pdfView()->isVisible());
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, DocumentKinds, ::testing::ValuesIn(kKinds),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 // A click on a link reports its target and leaves the document as it was.
 TEST(DocumentView, LinkClickReportsTargetWithoutFollowing) {
