@@ -188,10 +188,6 @@ void DealerRegister::AddBook(const BookKey& book) {
                     .arg(book.firstYear));
 }
 
-void DealerRegister::RemoveBook(const BookKey& book) {
-    cn_.Execute(QStringLiteral("DELETE FROM books WHERE tin = %1 AND firstYear = %2").arg(quoted(book.tin)).arg(book.firstYear));
-}
-
 std::vector<BookKey> DealerRegister::Namings() const {
     Recordset rs;
     rs.Open(QStringLiteral("SELECT tin, firstYear FROM namings"), cn_, Recordset::adOpenStatic, Recordset::adLockReadOnly);
