@@ -5,10 +5,10 @@
 #include "platform/basic/log.h"
 #include "platform/documents/reader_store.h"
 #include "platform/forms/msgbox.h"
+#include "platform/basic/settings.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSettings>
 
 VORLAN_LOGGING_CATEGORY(lcReader, "vorlan.library.reader")
 
@@ -20,7 +20,7 @@ const QString kMadeSetting = QStringLiteral("Reader/fileMade");
 
 std::unique_ptr<documents::ReaderStore> openReader(const QString& path) {
     std::unique_ptr<documents::ReaderStore> store;
-    const bool wasMade = QSettings().value(kMadeSetting).toBool();
+    const bool wasMade = basic::Settings().value(kMadeSetting).toBool();
     const bool missing = !QFileInfo::exists(path);
     const basic::RuntimeError failed = basic::resume([&] { store = std::make_unique<documents::ReaderStore>(path); });
     if (failed.number() != 0) {
@@ -32,7 +32,7 @@ std::unique_ptr<documents::ReaderStore> openReader(const QString& path) {
                       forms::vbExclamation, QStringLiteral("Bookmarks and notes"));
         return store;
     }
-    QSettings().setValue(kMadeSetting, true);
+    basic::Settings().setValue(kMadeSetting, true);
     if (!store->keptAside().isEmpty())
         forms::MsgBox(QStringLiteral("The file of your bookmarks, notes and history was damaged and has been kept aside as\n%1\n\n"
                                      "Vorlan starts without bookmarks.")

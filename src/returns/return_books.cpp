@@ -6,6 +6,7 @@
 #include "platform/store/connection.h"
 #include "platform/store/errors.h"
 #include "platform/store/transaction.h"
+#include "platform/basic/settings.h"
 #include "returns/log.h"
 #include "returns/module2.h"
 #include "returns/return_schema.h"
@@ -14,7 +15,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSettings>
 #include <memory>
 
 namespace returns {
@@ -45,7 +45,6 @@ QString yearText(int firstYear) {
 // The lock file of a book: held by the program that has the book open, for as long as it has it.
 QString lockFile(const QString& folder) { return QDir(folder).filePath(QStringLiteral("open.lock")); }
 
-QSettings settings() { return QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan")); }
 
 // The return window builds its statements by concatenation, without escaping: an apostrophe in the
 // name would end the text early in every one of them. The register keeps the name as typed.
@@ -188,7 +187,7 @@ QString OpenBook(const ReturnBook& book) {
     DealerTIN = book.tin;
     DealerName = nameForStatements(book.dealerName);
     DealerCST = book.cst;
-    settings().setValue(QStringLiteral("returns/lastBook"), book.tin + QLatin1Char('/') + QString::number(book.firstYear));
+    basic::Settings().setValue(QStringLiteral("returns/lastBook"), book.tin + QLatin1Char('/') + QString::number(book.firstYear));
     return QString();
 }
 
@@ -226,7 +225,7 @@ const ReturnBook& CurrentBook() {
 }
 
 std::optional<BookKey> LastBook(const DealerRegister& reg) {
-    const QString last = settings().value(QStringLiteral("returns/lastBook")).toString();
+    const QString last = basic::Settings().value(QStringLiteral("returns/lastBook")).toString();
     if (!last.contains(u'/')) return std::nullopt;
     const BookKey key{last.section(u'/', 0, 0), last.section(u'/', 1).toInt()};
     if (!reg.YearsOf(key.tin).contains(key.firstYear)) return std::nullopt;

@@ -4,9 +4,9 @@
 #include "returns/practice_copy.h"
 #include "returns/practice_start.h"
 #include "returns/return_books.h"
+#include "platform/basic/settings.h"
 
 #include <QDirIterator>
-#include <QSettings>
 #include <QStandardPaths>
 
 namespace {
@@ -19,7 +19,7 @@ class BooksUnderFaults : public ::testing::Test {
 protected:
     void SetUp() override {
         QStandardPaths::setTestModeEnabled(true);
-        QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan")).remove(QStringLiteral("returns"));
+        basic::Settings().remove(QStringLiteral("returns"));
     }
     void TearDown() override {
         ResetRegister();

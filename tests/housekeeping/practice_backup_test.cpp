@@ -3,6 +3,7 @@
 #include "housekeeping/frm_back_up_restore.h"
 
 #include "platform/basic/app_path.h"
+#include "platform/basic/settings.h"
 #include "platform/forms/msgbox.h"
 #include "platform/system/drives.h"
 #include "returns/module2.h"
@@ -13,7 +14,6 @@
 
 #include <QDirIterator>
 #include <QPushButton>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ class PracticeBackup : public ::testing::Test {
 protected:
     void SetUp() override {
         QStandardPaths::setTestModeEnabled(true);
-        QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan")).remove(QStringLiteral("returns"));
+        basic::Settings().remove(QStringLiteral("returns"));
         user = root.filePath("user");
         drive.root = root.filePath("stick") + "/";
         QDir().mkpath(user);

@@ -4,12 +4,12 @@
 
 #include "library/document_reader.h"
 #include "platform/basic/clock.h"
+#include "platform/basic/settings.h"
 #include "platform/documents/full_viewer.h"
 
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QProcess>
-#include <QSettings>
 
 namespace {
 
@@ -103,8 +103,7 @@ TEST_F(LibraryWindows, TheWindowAndTheFullViewPrintUnderTheRowsHead) {
         EXPECT_TRUE(page.contains(QStringLiteral("\nCircular\n"))) << file;
         EXPECT_TRUE(page.contains(QStringLiteral("Printed on 24-11-2026"))) << file;
     }
-    EXPECT_EQ(QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlan"), QStringLiteral("Vorlan"))
-                  .value(QStringLiteral("reader/pdfFolder")), out.path());
+    EXPECT_EQ(basic::Settings().value(QStringLiteral("reader/pdfFolder")), out.path());
     documents::DocumentPrinter::askPdfFile = asked;
     documents::DocumentPrinter::runPreview = previewer;
     basic::Clock::reset();

@@ -69,7 +69,7 @@ TEST_P(ReadingList, AnotherReaderImportsWhatOneExported) {
 
     QTemporaryDir second;   // the other reader's folder and settings, as on another machine
     basic::SetFolders(readerLibrary(), second.path());
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, second.path());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, second.path());
     mark(QString::fromUtf8(c.already));
     boxes.clear();
     const bool imported = window()->importFrom(list);

@@ -1,6 +1,7 @@
 // The reader's file damaged or missing at the start: the program starts without bookmarks, says so once,
 // and keeps a damaged file aside, whole.
 #include "reader_fixture.h"
+#include "platform/basic/settings.h"
 
 #include <QDir>
 
@@ -23,7 +24,7 @@ TEST_P(ReaderFile, TheProgramStartsAndSaysSoOnce) {
         documents::ReaderStore earlier(path);   // a reader's file of an earlier run, with a bookmark
         earlier.addBookmark({kCircular12, QStringLiteral("Circular 12/2006"), QStringLiteral("Circular")});
     }
-    QSettings().setValue(QStringLiteral("Reader/fileMade"), c.file != FileCase::MissingAtFirst);
+    basic::Settings().setValue(QStringLiteral("Reader/fileMade"), c.file != FileCase::MissingAtFirst);
     QByteArray before;
     if (c.file == FileCase::Garbage) writeFile(path, "These are not the pages of a database, though the name says so.");
     if (c.file == FileCase::Truncated) {

@@ -83,7 +83,7 @@ inline const QString kSection6 = QStringLiteral("Kerala:1"), kRule9 = QStringLit
 class ReaderFixture {
 protected:
     ReaderFixture() {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, user.path());
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, user.path());
         basic::SetFolders(readerLibrary(), user.path());
         shell::InitLibraryStore();
         defineReaderWindows();

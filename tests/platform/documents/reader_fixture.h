@@ -1,6 +1,7 @@
 #pragma once
 // A document view in a window of its own with the reader's tools, its remembered settings in a folder of
 // the test's own, the zoom at 100 and light on dark off.
+#include "platform/basic/settings.h"
 #include "platform/documents/document_view.h"
 #include "platform/documents/find_bar.h"
 #include "platform/documents/light_on_dark.h"
@@ -14,7 +15,6 @@
 #include <QPainter>
 #include <QPdfView>
 #include <QPdfWriter>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
@@ -66,7 +66,7 @@ protected:
         }, 3000));
     }
     QVariant stored(const QString& key) const {
-        return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlan"), QStringLiteral("Vorlan")).value(key);
+        return basic::Settings().value(key);
     }
     QTemporaryDir settingsDir;
     QWidget window;
