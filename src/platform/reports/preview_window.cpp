@@ -1,13 +1,13 @@
 #include "platform/reports/preview_window.h"
 
 #include "platform/basic/runtime_error.h"
+#include "platform/forms/msgbox.h"
 #include "platform/reports/register_painter.h"
 
 #include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QToolBar>
@@ -63,7 +63,7 @@ void PreviewWindow::printOn(QPrinter* printer) { paintRegister(template_, data_,
 
 void PreviewWindow::savePdf(const QString& path) {
     const basic::RuntimeError e = basic::resume([&] { writePdf(template_, data_, path); });
-    if (e.number() != 0) QMessageBox::warning(this, QStringLiteral("Not saved"), e.description());
+    if (e.number() != 0) forms::MsgBox(e.description(), forms::vbExclamation, QStringLiteral("Not saved"));
 }
 
 void PreviewWindow::showPageNumber() {
