@@ -24,12 +24,24 @@ TEST(BackupDrives, HomeThenRemovableDrivesThenWritableMountsEachOnce) {
             << c.mounts.join(',').toStdString();
 }
 
-TEST(CanWriteFolder, OnlyAFolderThatTakesAFile) {
+// Only a folder that takes a file can be written; the test leaves nothing behind.
+enum class Place { Folder, Gone, File, Proc };
+struct WriteCase { const char* name; Place place; bool want; };
+
+const WriteCase kWrites[] = {
+    {"WritableFolder", Place::Folder, true}, {"MissingFolder", Place::Gone, false},
+    {"AFileNotAFolder", Place::File, false}, {"ReadOnlySystemFolder", Place::Proc, false},
+};
+
+class CanWriteFolder : public ::testing::TestWithParam<WriteCase> {};
+
+TEST_P(CanWriteFolder, OnlyAFolderThatTakesAFile) {
     QTemporaryDir root;
     QFile(root.filePath("file")).open(QIODevice::WriteOnly);
-    const struct { QString folder; bool want; } cases[] = {
-        {root.path(), true}, {root.filePath("gone"), false}, {root.filePath("file"), false}, {"/proc", false},
-    };
-    for (const auto& c : cases) EXPECT_EQ(sys::CanWriteFolder(c.folder), c.want) << c.folder.toStdString();
+    const QString folder[] = {root.path(), root.filePath("gone"), root.filePath("file"), "/proc"};
+    EXPECT_EQ(sys::CanWriteFolder(folder[int(GetParam().place)]), GetParam().want);
     EXPECT_EQ(QDir(root.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"file"});   // no probe left
 }
+
+INSTANTIATE_TEST_SUITE_P(Folders, CanWriteFolder, ::testing::ValuesIn(kWrites),
+                         [](const auto& info) { return std::string(info.param.name); });
