@@ -2,6 +2,7 @@
 // template and data read, laid out, written. It must stay under two seconds. Beside it, the floor: the
 // same 2,000 lines of text drawn straight into a PDF, paged, with nothing read or laid out.
 #include "platform/reports/register_painter.h"
+#include "qt_bench_main.h"
 #include "return_files.h"
 
 #include <QGuiApplication>
@@ -12,14 +13,6 @@
 namespace {
 
 constexpr int kBills = 2000;
-
-QGuiApplication& app() {
-    static int argc = 1;
-    static char name[] = "register-pdf-bench";
-    static char* argv[] = {name, nullptr};
-    static QGuiApplication instance(argc, argv);
-    return instance;
-}
 
 void fill(store::Connection& cn) {
     const char* rates[] = {"      0", "      1", "      4", "    12.5", "     20"};
@@ -34,7 +27,6 @@ void fill(store::Connection& cn) {
 }
 
 void BM_RegisterPdf(benchmark::State& state) {
-    app();
     static ReturnFiles month(fill);
     const QString pdf = month.folder.filePath("register.pdf");
     int pages = 0;
@@ -46,7 +38,6 @@ void BM_RegisterPdf(benchmark::State& state) {
 BENCHMARK(BM_RegisterPdf)->Unit(benchmark::kMillisecond);
 
 void BM_PlainTextPdfFloor(benchmark::State& state) {
-    app();
     QTemporaryDir dir;
     QStringList lines;
     for (int r = 1; r <= kBills; ++r)
@@ -75,4 +66,4 @@ BENCHMARK(BM_PlainTextPdfFloor)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) { return runOffscreen<QGuiApplication>(argc, argv); }
