@@ -2,7 +2,7 @@
 // it, whichever way the row was reached; and the same document opened in full prints under the same head.
 #include "library_window_fixture.h"
 
-#include "library/document_reader.h"
+#include "library/document_view_tools.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/settings.h"
 #include "platform/documents/full_viewer.h"

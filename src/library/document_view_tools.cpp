@@ -1,4 +1,4 @@
-#include "library/document_reader.h"
+#include "library/document_view_tools.h"
 
 #include "library/keralaforms.h"
 #include "library/library_text.h"
