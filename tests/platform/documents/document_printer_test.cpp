@@ -1,7 +1,7 @@
 // Print and PDF of a shown document, read back with pdftotext: every page headed by the title and kind and
 // footed by its number and the date printed; a selection alone; a PDF page by page; the view's zoom and
 // light on dark never reach the paper.
-#include "reader_fixture.h"
+#include "view_fixture.h"
 
 #include "platform/documents/document_printer.h"
 #include "platform/documents/hit_marks.h"
@@ -33,7 +33,7 @@ struct Printed {
 };
 void PrintTo(const Printed& c, std::ostream* os) { *os << c.name; }
 
-class PrintedPages : public ReaderFixture, public ::testing::WithParamInterface<Printed> {
+class PrintedPages : public ViewFixture, public ::testing::WithParamInterface<Printed> {
 protected:
     QStringList print(const QString& name) {
         const QString path = settingsDir.filePath(name);

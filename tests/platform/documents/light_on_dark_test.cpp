@@ -1,7 +1,7 @@
 // Light on dark: Ctrl+Shift+L turns the paper of any kind of document dark and its ink light, a colour the
 // document names keeps its contrast, and the choice is remembered; off, a text is ink on paper whatever the
 // program's palette.
-#include "reader_fixture.h"
+#include "view_fixture.h"
 
 #include <QApplication>
 #include <QPdfView>
@@ -30,7 +30,7 @@ std::pair<int, int> paperAndInk(QWidget* view) {
     return {paper, std::abs(*lo - paper) > std::abs(*hi - paper) ? *lo : *hi};
 }
 
-class LightOnDarkView : public ReaderFixture, public ::testing::WithParamInterface<Shown> {};
+class LightOnDarkView : public ViewFixture, public ::testing::WithParamInterface<Shown> {};
 
 TEST_P(LightOnDarkView, TurnsPaperDarkAndInkLightAndBack) {
     // A dark desktop palette does not darken the paper while the choice is off.

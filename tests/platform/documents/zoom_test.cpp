@@ -1,6 +1,6 @@
 // The reader's zoom: its keys and the wheel step it, it reaches the document shown and the next one, a
 // PDF's pages as well as a text, and it is remembered.
-#include "reader_fixture.h"
+#include "view_fixture.h"
 
 #include "platform/documents/pdf_marks.h"
 
@@ -23,7 +23,7 @@ struct ZoomStep {
 };
 void PrintTo(const ZoomStep& s, std::ostream* os) { *os << s.name; }
 
-class ZoomKeys : public ReaderFixture, public ::testing::WithParamInterface<ZoomStep> {
+class ZoomKeys : public ViewFixture, public ::testing::WithParamInterface<ZoomStep> {
 protected:
     double lineHeight() const {
         QTextDocument* d = view->textBrowser()->document();
@@ -67,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 // Half way down a long document, the paragraph at the top of the view stays there as the text grows and
 // shrinks.
-TEST_F(ReaderFixture, ThePlaceReadStaysAtTheTop) {
+TEST_F(ViewFixture, ThePlaceReadStaysAtTheTop) {
     show(longRtf(3000));
     QTextBrowser* text = view->textBrowser();
     text->verticalScrollBar()->setValue(text->verticalScrollBar()->maximum() / 2);

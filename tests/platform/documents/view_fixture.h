@@ -1,5 +1,5 @@
 #pragma once
-// A document view in a window of its own with the reader's tools, its remembered settings in a folder of
+// A document view in a window of its own with its view tools, its remembered settings in a folder of
 // the test's own, the zoom at 100 and light on dark off.
 #include "platform/basic/settings.h"
 #include "platform/documents/document_view.h"
@@ -32,7 +32,7 @@ inline QByteArray longRtf(int paragraphs) {
     return rtf + "}";
 }
 
-class ReaderFixture : public ::testing::Test {
+class ViewFixture : public ::testing::Test {
 protected:
     void SetUp() override {
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settingsDir.path());
