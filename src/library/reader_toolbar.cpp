@@ -7,7 +7,6 @@
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/window_registry.h"
 
-#include <QApplication>
 #include <QMenu>
 #include <QPainter>
 #include <QStyle>
@@ -60,18 +59,6 @@ void fillRecent(QMenu* menu) {
 
 }  // namespace
 
-void showReaderWindow(const QString& name) {
-    QWidget* window = forms::get(name);
-    // Over a window that holds the input, this one must hold it too, or no key could reach it.
-    QWidget* holding = QApplication::activeModalWidget();
-    const bool modal = holding && holding != window;
-    if (window->isVisible() && (window->windowModality() != Qt::NonModal) != modal) window->hide();
-    window->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
-    window->show();
-    window->raise();
-    window->activateWindow();
-}
-
 void addReaderTools(QToolBar* toolbar) {
     toolbar->addSeparator();
     auto* recent = toolbar->addAction(toolbar->style()->standardIcon(QStyle::SP_FileDialogDetailedView), QStringLiteral("Recent"));
@@ -86,12 +73,12 @@ void addReaderTools(QToolBar* toolbar) {
     auto* marks = toolbar->addAction(ribbonIcon(), QStringLiteral("Bookmarks"));
     marks->setObjectName(QStringLiteral("Bookmarks"));
     marks->setToolTip(QStringLiteral("Your bookmarks, by folder (Ctrl+D in a document marks it)"));
-    QObject::connect(marks, &QAction::triggered, toolbar, [] { forms::guard([] { showReaderWindow(QStringLiteral("BookmarksWindow")); }); });
+    QObject::connect(marks, &QAction::triggered, toolbar, [] { forms::guard([] { forms::showOverInput(QStringLiteral("BookmarksWindow")); }); });
 
     auto* mine = toolbar->addAction(toolbar->style()->standardIcon(QStyle::SP_DirHomeIcon), QStringLiteral("My documents"));
     mine->setObjectName(QStringLiteral("MyDocuments"));
     mine->setToolTip(QStringLiteral("Documents you added to the library yourself; Add documents…"));
-    QObject::connect(mine, &QAction::triggered, toolbar, [] { forms::guard([] { showReaderWindow(QStringLiteral("MyDocumentsWindow")); }); });
+    QObject::connect(mine, &QAction::triggered, toolbar, [] { forms::guard([] { forms::showOverInput(QStringLiteral("MyDocumentsWindow")); }); });
 }
 
 }  // namespace library

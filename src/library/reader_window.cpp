@@ -60,7 +60,7 @@ public:
         onKey(window, QKeySequence(Qt::CTRL | Qt::Key_M), [this] { notes_->addNote(); });
         onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M), [this] { notes_->toggle(); });
         onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [this] { cite(view_); });
-        onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
+        onKey(window, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), [] { forms::showOverInput(QStringLiteral("BookmarksWindow")); });
     }
 
     const documents::DocumentName& current() const { return current_; }

@@ -31,12 +31,7 @@ QAction* addLibrarySearch(QToolBar* toolbar) {
     search->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
     search->setShortcutContext(Qt::WindowShortcut);
     QObject::connect(search, &QAction::triggered, toolbar, [] {
-        forms::guard([] {
-            QWidget* window = forms::get(QStringLiteral("frmTextSearch"));
-            window->show();
-            window->raise();
-            window->activateWindow();
-        });
+        forms::guard([] { forms::showOverInput(QStringLiteral("frmTextSearch")); });
     });
     toolbar->addSeparator();
     toolbar->addAction(search);
