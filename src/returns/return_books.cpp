@@ -36,12 +36,6 @@ std::unique_ptr<DealerRegister>& registerSlot() {
     return reg;
 }
 
-QString yearText(int firstYear) {
-    ReturnBook b;
-    b.firstYear = firstYear;
-    return b.yearText();
-}
-
 // The lock file of a book: held by the program that has the book open, for as long as it has it.
 QString lockFile(const QString& folder) { return QDir(folder).filePath(QStringLiteral("open.lock")); }
 
@@ -84,7 +78,7 @@ void finishNaming(DealerRegister& reg, const BookKey& named) {
     if (!dealer) throw basic::RuntimeError(5, QStringLiteral("The dealer with the TIN %1 is not in the register.").arg(named.tin));
     if (QFileInfo(from).isDir()) {
         if (QFileInfo::exists(to))
-            throw basic::RuntimeError(58, QStringLiteral("%1 has a book of %2 already.").arg(dealer->name, yearText(named.firstYear)));
+            throw basic::RuntimeError(58, QStringLiteral("%1 has a book of %2 already.").arg(dealer->name, YearText(named.firstYear)));
         rowsTakeDealer(from, *dealer);
         QDir().mkpath(QFileInfo(to).path());
         if (!QDir().rename(from, to))
@@ -101,7 +95,7 @@ QString BooksFolder() { return QDir(basic::UserPath()).filePath(QStringLiteral("
 
 QString BookFolder(const BookKey& key) {
     return BooksFolder() + QLatin1Char('/') + (key.tin.isEmpty() ? QStringLiteral("unnamed") : key.tin) +
-           QLatin1Char('/') + yearText(key.firstYear);
+           QLatin1Char('/') + YearText(key.firstYear);
 }
 
 QString RemovedFolder() { return BooksFolder() + QStringLiteral("/removed"); }
@@ -236,7 +230,7 @@ void NameBook(DealerRegister& reg, int firstYear, const Dealer& dealer) {
     const BookKey named{dealer.tin, firstYear};
     if (reg.YearsOf(dealer.tin).contains(firstYear))
         throw basic::RuntimeError(58, QStringLiteral("%1 has a book of %2 already; a book of \"%3\" cannot become it.")
-                                          .arg(dealer.name, yearText(firstYear), kDealerNotNamed));
+                                          .arg(dealer.name, YearText(firstYear), kDealerNotNamed));
     const ReturnBook unnamed = BookOf(Dealer{}, firstYear);
     const bool wasOpen = BookIsOpen() && CurrentBook().folder == unnamed.folder;
     if (OpenElsewhere(unnamed)) throw basic::RuntimeError(5, OpenElsewhereText(unnamed) + QLatin1Char('.'));
