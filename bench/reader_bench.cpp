@@ -6,7 +6,7 @@
 //                           of RTF: each step reads the row, shows the document, lights its notes and puts it
 //                           at the place left. One iteration is one step.
 //   ShowDocument_Documents  the same two documents set by turns into a document view: the floor of a step.
-#include "library/reader_windows.h"
+#include "support/reader_windows.h"
 #include "zipf_texts.h"
 
 #include "library/keralaforms.h"

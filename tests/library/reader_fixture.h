@@ -2,8 +2,6 @@
 // A small library of long documents of each kind, built here once, with the index entries that number
 // them; the document window with the reader's keys, the reader's windows and the search registered as
 // app/ registers them; the user's folder and settings of each test's own.
-#include "reader_windows.h"
-
 #include "library/reader.h"
 #include "library/reader_bookmarks.h"
 #include "library/reader_documents.h"
@@ -15,6 +13,7 @@
 #include "shell/my_mod.h"
 #include "source.h"
 #include "support/printers.h"
+#include "support/reader_windows.h"
 #include "writer.h"
 
 #include <QLabel>
