@@ -163,22 +163,30 @@ QString firstCell(const QTextDocument& document) {
 }
 
 // What a paragraph ended by \cell sets survives it; the row definition draws each edge as written.
-TEST(RtfTables, CellKeepsItsParagraphAndBorders) {
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"\\cellx2000\\pard\\intbl\\qc\\li300 centred\\cell", "centre li20 pad4/4 - - - -"},
-        {"\\cellx2000\\pard\\intbl\\qr\\sb120\\sa240 right\\cell", "right li0 pad12/20 - - - -"},
-        {"\\cellx2000{\\pard\\intbl\\qc x\\par}\\pard\\intbl\\cell", "centre li0 pad4/4 - - - -"},
-        {"\\clbrdrb\\brdrdb\\brdrw10\\clbrdrt\\brdrs\\brdrw30\\clbrdrl\\brdrth\\brdrw15\\clbrdrr\\brdrnone\\cellx2000"
-         "\\pard\\intbl x\\cell",
-         "left li0 pad4/4 solid:2 solid:2 double:3 -"},
-        {"\\brdrb\\brdrs\\clbrdrt\\brdrdb\\brdrw45\\cellx2000\\pard\\intbl\\brdrt\\brdrs x\\cell", "left li0 pad4/4 double:9 - - -"},
-    };
-    for (const auto& [row, expected] : cases) {
-        QTextDocument document;
-        readRtf("{\\rtf1\\trowd" + row + "\\row}", document);
-        EXPECT_EQ(firstCell(document), QLatin1String(expected)) << row.constData();
-    }
+struct CellCase { const char* name; QByteArray row; const char* expected; };
+
+const CellCase kCells[] = {
+    {"CentredAndIndented", "\\cellx2000\\pard\\intbl\\qc\\li300 centred\\cell", "centre li20 pad4/4 - - - -"},
+    {"SpaceBeforeAndAfterAsPadding", "\\cellx2000\\pard\\intbl\\qr\\sb120\\sa240 right\\cell", "right li0 pad12/20 - - - -"},
+    {"ParagraphEndedInAGroup", "\\cellx2000{\\pard\\intbl\\qc x\\par}\\pard\\intbl\\cell", "centre li0 pad4/4 - - - -"},
+    {"EachEdgeAsWritten",
+     "\\clbrdrb\\brdrdb\\brdrw10\\clbrdrt\\brdrs\\brdrw30\\clbrdrl\\brdrth\\brdrw15\\clbrdrr\\brdrnone\\cellx2000"
+     "\\pard\\intbl x\\cell",
+     "left li0 pad4/4 solid:2 solid:2 double:3 -"},
+    {"ParagraphBordersNotTheCells", "\\brdrb\\brdrs\\clbrdrt\\brdrdb\\brdrw45\\cellx2000\\pard\\intbl\\brdrt\\brdrs x\\cell",
+     "left li0 pad4/4 double:9 - - -"},
+};
+
+class RtfTableCell : public ::testing::TestWithParam<CellCase> {};
+
+TEST_P(RtfTableCell, KeepsItsParagraphAndBorders) {
+    QTextDocument document;
+    readRtf("{\\rtf1\\trowd" + GetParam().row + "\\row}", document);
+    EXPECT_EQ(firstCell(document), QLatin1String(GetParam().expected));
 }
+
+INSTANTIATE_TEST_SUITE_P(Cells, RtfTableCell, ::testing::ValuesIn(kCells),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 // RTF written by another program (pandoc), kept as a file.
 TEST(RtfFixtures, ReadBackAsWritten) {
@@ -243,51 +251,81 @@ QByteArray pictureHex(const char* format, int w, int h, Qt::GlobalColor color) {
     return bytes.data().toHex();
 }
 
-TEST(RtfPictures, ShownAtTheirSizeOrAsTheirAlternative) {
-    const QByteArray png = pictureHex("PNG", 30, 20, Qt::red), jpeg = pictureHex("JPEG", 16, 16, Qt::blue);
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"{\\*\\shppict{\\pict\\pngblip\\picw30\\pich20\\picwgoal1500\\pichgoal600\\picscalex50\\picscaley200\r\n" + png +
-             "}}{\\nonshppict{\\pict\\wmetafile8\\picw1000\\pich500 0100}}",
-         "a[50x80 red]b"},
-        {"{\\pict\\jpegblip\\picwgoal300\\pichgoal450 " + jpeg + "}", "a[20x30 blue]b"},
-        {"{\\pict\\pngblip " + png + "}", "a[30x20 red]b"},  // no goal: the picture's own size
-        {"{\\*\\shppict{\\pict\\emfblip\\picwgoal900\\pichgoal600 0100aa}}{\\nonshppict{\\pict\\pngblip"
-         "\\picwgoal900\\pichgoal600 " + png + "}}",
-         "a[60x40 red]b"},
-        {"{\\pict\\wmetafile8\\picw2540\\pich1270 0100}", "a[96x48 box]b"},  // hundredths of a millimetre
-        {"{\\pict\\emfblip\\picwgoal1500\\pichgoal750 0100}{\\nonshppict{\\pict\\wmetafile8 0100}}", "a[100x50 box]b"},
-        {"{\\pict\\pngblip\\picwgoal600\\pichgoal300 " + png.left(60) + "}", "a[40x20 box]b"},  // damaged
-        {"{\\pict\\pngblip\\bin" + QByteArray::number(png.size() / 2) + " " + QByteArray::fromHex(png) + "}",
-         "a[30x20 red]b"},
-        {"{\\nonshppict{\\pict\\pngblip " + png + "}}", "ab"},  // an alternative with nothing to stand for
-    };
-    for (const auto& [picture, expected] : cases) {
-        QTextDocument document;
-        readRtf("{\\rtf1 a" + picture + "b}", document);
-        EXPECT_EQ(describe(document), QString::fromUtf8(expected)) << picture.left(60).constData();
-    }
+// A picture shown at its goal size, scaled, or as its alternative; one that cannot be read as a box of
+// its size. The pictures are made when the test runs.
+QByteArray png() { return pictureHex("PNG", 30, 20, Qt::red); }
+QByteArray jpeg() { return pictureHex("JPEG", 16, 16, Qt::blue); }
+
+struct PictureCase { const char* name; QByteArray (*picture)(); const char* expected; };
+
+const PictureCase kPictures[] = {
+    {"ScaledGoalOverItsAlternative",
+     [] {
+         return "{\\*\\shppict{\\pict\\pngblip\\picw30\\pich20\\picwgoal1500\\pichgoal600\\picscalex50\\picscaley200\r\n" + png() +
+                "}}{\\nonshppict{\\pict\\wmetafile8\\picw1000\\pich500 0100}}";
+     },
+     "a[50x80 red]b"},
+    {"JpegAtItsGoal", [] { return "{\\pict\\jpegblip\\picwgoal300\\pichgoal450 " + jpeg() + "}"; }, "a[20x30 blue]b"},
+    {"NoGoalItsOwnSize", [] { return "{\\pict\\pngblip " + png() + "}"; }, "a[30x20 red]b"},
+    {"UnreadableFirstReadableAlternative",
+     [] {
+         return "{\\*\\shppict{\\pict\\emfblip\\picwgoal900\\pichgoal600 0100aa}}{\\nonshppict{\\pict\\pngblip"
+                "\\picwgoal900\\pichgoal600 " + png() + "}}";
+     },
+     "a[60x40 red]b"},
+    {"MetafileInHundredthsOfAMillimetre", [] { return QByteArray("{\\pict\\wmetafile8\\picw2540\\pich1270 0100}"); },
+     "a[96x48 box]b"},
+    {"NeitherReadableABox",
+     [] { return QByteArray("{\\pict\\emfblip\\picwgoal1500\\pichgoal750 0100}{\\nonshppict{\\pict\\wmetafile8 0100}}"); },
+     "a[100x50 box]b"},
+    {"DamagedABoxOfItsGoal", [] { return "{\\pict\\pngblip\\picwgoal600\\pichgoal300 " + png().left(60) + "}"; },
+     "a[40x20 box]b"},
+    {"BinaryData",
+     [] { return "{\\pict\\pngblip\\bin" + QByteArray::number(png().size() / 2) + " " + QByteArray::fromHex(png()) + "}"; },
+     "a[30x20 red]b"},
+    {"AlternativeWithNothingToStandFor", [] { return "{\\nonshppict{\\pict\\pngblip " + png() + "}}"; }, "ab"},
+};
+
+class RtfPictures : public ::testing::TestWithParam<PictureCase> {};
+
+TEST_P(RtfPictures, ShownAtTheirSizeOrAsTheirAlternative) {
+    QTextDocument document;
+    readRtf("{\\rtf1 a" + GetParam().picture() + "b}", document);
+    EXPECT_EQ(describe(document), QString::fromUtf8(GetParam().expected));
 }
 
-TEST(RtfFonts, RunsTakeTheirFamilyAndCodePage) {
+INSTANTIATE_TEST_SUITE_P(Pictures, RtfPictures, ::testing::ValuesIn(kPictures),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// A run takes its font's family (with the face that stands in for it) and reads its 8-bit characters in
+// the font's code page.
+struct FontCase { const char* name; QByteArray text; const char* expected; };
+
+const FontCase kFonts[] = {
+    {"DefaultFont", "a", "a{Times New Roman|Liberation Serif}"},
+    {"CyrillicCodePage", "\\f1 \\'cf\\'f0\\'e8\\'e2\\'e5\\'f2", "Привет{Arial|Liberation Sans}"},
+    {"SymbolAndWingdings", "\\f2 \\'b7\\'61\\f6 \\'a7", "•α▪{}"},
+    {"GreekCodePage", "\\f4 \\'e1\\'e2", "αβ{Greek Face}"},
+    {"FamiliesAndPlain", "\\f3 x\\f5 y\\plain z",
+     "x{Courier New|Liberation Mono}y{Verdana|Liberation Sans}z{Times New Roman|Liberation Serif}"},
+    {"UnicodeSkipsItsAlternative", "{\\f1 \\u1044?\\'e0}\\'e0", "Да{Arial|Liberation Sans}à{Times New Roman|Liberation Serif}"},
+    {"NoBreakSpaces", "a\\~b\\'a0c", "a\u00A0b\u00A0c{Times New Roman|Liberation Serif}"},
+};
+
+class RtfFontRuns : public ::testing::TestWithParam<FontCase> {};
+
+TEST_P(RtfFontRuns, TakeTheirFamilyAndCodePage) {
     const QByteArray table = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0\\froman\\fcharset0 Times New Roman;}"
                              "{\\f1\\fswiss\\fcharset204 Arial{\\*\\panose 020b0604020202020204};}{\\f2\\ftech\\fcharset2 Symbol;}"
                              "{\\f3\\fmodern Courier New;}{\\f4\\fnil\\fcharset161 Greek Face;}{\\f5\\fswiss Verdana;}"
                              "{\\f6\\fswiss\\fcharset2 Wingdings;}}";
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"a", "a{Times New Roman|Liberation Serif}"},
-        {"\\f1 \\'cf\\'f0\\'e8\\'e2\\'e5\\'f2", "Привет{Arial|Liberation Sans}"},
-        {"\\f2 \\'b7\\'61\\f6 \\'a7", "•α▪{}"},
-        {"\\f4 \\'e1\\'e2", "αβ{Greek Face}"},
-        {"\\f3 x\\f5 y\\plain z", "x{Courier New|Liberation Mono}y{Verdana|Liberation Sans}z{Times New Roman|Liberation Serif}"},
-        {"{\\f1 \\u1044?\\'e0}\\'e0", "Да{Arial|Liberation Sans}à{Times New Roman|Liberation Serif}"},
-        {"a\\~b\\'a0c", "a\u00A0b\u00A0c{Times New Roman|Liberation Serif}"},
-    };
-    for (const auto& [text, expected] : cases) {
-        QTextDocument document;
-        readRtf(table + text + "}", document);
-        EXPECT_EQ(describe(document, true), QString::fromUtf8(expected)) << text.constData();
-    }
+    QTextDocument document;
+    readRtf(table + GetParam().text + "}", document);
+    EXPECT_EQ(describe(document, true), QString::fromUtf8(GetParam().expected));
 }
+
+INSTANTIATE_TEST_SUITE_P(Runs, RtfFontRuns, ::testing::ValuesIn(kFonts),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 // Drawn in the view: no-break spaces hold their words on one line, and Malayalam finds a font that has
 // every glyph of it, whatever font the document names.
