@@ -52,43 +52,65 @@ QString describe(const QTextDocument& document, bool fonts = false) {
     return blocks.join('|');
 }
 
-TEST(RtfReader, TextAndFormatting) {
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"{\\rtf1\\ansi Hello  world}", "Hello  world"}, {"{\\rtf1 Sec\r\ntion\n 11}", "Section 11"},
-        {"{\\rtf1 a \\b bold\\b0  c}", "a <b>bold</b> c"}, {"{\\rtf1 \\fs36 big\\fs24 normal}", "<18pt>big</pt>normal"},
-        {"{\\rtf1 \\i it\\i0 \\ul u\\ulnone x\\ul y\\ul0 z}", "<i>it</i><u>u</u>x<u>y</u>z"},
-        {"{\\rtf1 a{\\b b{\\i c}d}e}", "a<b>b</b><b><i>c</i></b><b>d</b>e"},
-        {"{\\rtf1\\b\\i\\fs40 x\\plain y}", "<b><i><20pt>x</pt></i></b>y"},
-        {"{\\rtf1\\ansi caf\\'e9 \\'80\\'93x\\'94}", "café €“x”"}, {"{\\rtf1\\ansi\\ansicpg1251 \\'c0\\'e1}", "Аб"},
-        {"{\\rtf1 caf\xE9}", "café"}, {"{\\rtf1 \\u8364? 5}", "€ 5"},
-        {"{\\rtf1 \\u-1279?x}", "ﬁx"}, {"{\\rtf1 \\u8364\\'80x}", "€x"},
-        {"{\\rtf1\\uc2 \\u8364??x}", "€x"}, {"{\\rtf1\\uc0 \\u8364 x}", "€x"},
-        {"{\\rtf1 {\\uc2 \\u233??}\\u233?x}", "ééx"}, {"{\\rtf1\\uc3 {\\u233?}x}", "éx"},
-        {"{\\rtf1{\\fonttbl{\\f0\\fswiss Arial;}}{\\colortbl;\\red0\\green0\\blue0;}"
-                "{\\stylesheet{\\s0 Normal;}}{\\info{\\title T}{\\author A}}Body"
-                "{\\*\\generator x;}{\\pict\\pngblip 89504e47}{\\object\\objemb{\\*\\objdata 01}}"
-                "{\\header H}{\\footer F}{\\headerl L}{\\*\\unknown zz{\\b deep}} end}",
+// Text and its formatting as read: characters in every escape and code page, paragraphs, links and
+// anchors, the destinations left out, and input cut short or out of range.
+struct TextCase { const char* name; QByteArray rtf; const char* expected; };
+
+const TextCase kTexts[] = {
+    {"DoubleBlanksKept", "{\\rtf1\\ansi Hello  world}", "Hello  world"},
+    {"LineBreaksInTheSourceIgnored", "{\\rtf1 Sec\r\ntion\n 11}", "Section 11"},
+    {"Bold", "{\\rtf1 a \\b bold\\b0  c}", "a <b>bold</b> c"},
+    {"FontSizeInHalfPoints", "{\\rtf1 \\fs36 big\\fs24 normal}", "<18pt>big</pt>normal"},
+    {"ItalicAndUnderlineOnAndOff", "{\\rtf1 \\i it\\i0 \\ul u\\ulnone x\\ul y\\ul0 z}", "<i>it</i><u>u</u>x<u>y</u>z"},
+    {"GroupsRestoreTheFormat", "{\\rtf1 a{\\b b{\\i c}d}e}", "a<b>b</b><b><i>c</i></b><b>d</b>e"},
+    {"PlainResetsTheFormat", "{\\rtf1\\b\\i\\fs40 x\\plain y}", "<b><i><20pt>x</pt></i></b>y"},
+    {"Windows1252Escapes", "{\\rtf1\\ansi caf\\'e9 \\'80\\'93x\\'94}", "café €“x”"},
+    {"CodePage1251", "{\\rtf1\\ansi\\ansicpg1251 \\'c0\\'e1}", "Аб"},
+    {"EightBitByteAsWindows1252", "{\\rtf1 caf\xE9}", "café"},
+    {"UnicodeWithItsAlternative", "{\\rtf1 \\u8364? 5}", "€ 5"},
+    {"NegativeUnicode", "{\\rtf1 \\u-1279?x}", "ﬁx"},
+    {"UnicodeAlternativeAsEscape", "{\\rtf1 \\u8364\\'80x}", "€x"},
+    {"TwoByteAlternative", "{\\rtf1\\uc2 \\u8364??x}", "€x"},
+    {"NoAlternative", "{\\rtf1\\uc0 \\u8364 x}", "€x"},
+    {"AlternativeCountEndsWithItsGroup", "{\\rtf1 {\\uc2 \\u233??}\\u233?x}", "ééx"},
+    {"AlternativeCountWithinAGroup", "{\\rtf1\\uc3 {\\u233?}x}", "éx"},
+    {"DestinationsLeftOut", "{\\rtf1{\\fonttbl{\\f0\\fswiss Arial;}}{\\colortbl;\\red0\\green0\\blue0;}"
+         "{\\stylesheet{\\s0 Normal;}}{\\info{\\title T}{\\author A}}Body"
+         "{\\*\\generator x;}{\\pict\\pngblip 89504e47}{\\object\\objemb{\\*\\objdata 01}}"
+         "{\\header H}{\\footer F}{\\headerl L}{\\*\\unknown zz{\\b deep}} end}",
          "Body end"},
-        {"{\\rtf1 a\\tab b\\par c\\line d}", "a\tb|c\u2028d"}, {"{\\rtf1 a\\par}", "a"},
-        {"{\\rtf1 a\\par\\par b}", "a||b"}, {"{\\rtf1 a\\qc\\par\\pard b}", "[c]a|b"},
-        {"{\\rtf1 \\{x\\} \\\\ a\\~b c\\-d e\\_f}", "{x} \\ a\u00A0b c\u00ADd e\u2011f"},
-        {"{\\rtf1 \\ldblquote q\\rdblquote\\emdash\\bullet}", "“q”—•"}, {"{\\rtf1\\qc a\\par\\pard b}", "[c]a|b"},
-        {"{\\rtf1 see {\\field{\\*\\fldinst{HYPERLINK \"http://x.in/a b\"}}{\\fldrslt{\\ul Site}}} now}",
+    {"TabParAndLine", "{\\rtf1 a\\tab b\\par c\\line d}", "a\tb|c\u2028d"},
+    {"LastParagraphMarkEndsNothing", "{\\rtf1 a\\par}", "a"},
+    {"EmptyParagraphKept", "{\\rtf1 a\\par\\par b}", "a||b"},
+    {"CentredBeforeTheParagraphMark", "{\\rtf1 a\\qc\\par\\pard b}", "[c]a|b"},
+    {"EscapedSymbols", "{\\rtf1 \\{x\\} \\\\ a\\~b c\\-d e\\_f}", "{x} \\ a\u00A0b c\u00ADd e\u2011f"},
+    {"TypographicQuotesAndDashes", "{\\rtf1 \\ldblquote q\\rdblquote\\emdash\\bullet}", "“q”—•"},
+    {"CentredAtTheStart", "{\\rtf1\\qc a\\par\\pard b}", "[c]a|b"},
+    {"HyperlinkToASite", "{\\rtf1 see {\\field{\\*\\fldinst{HYPERLINK \"http://x.in/a b\"}}{\\fldrslt{\\ul Site}}} now}",
          "see <a http://x.in/a b><u>Site</u></a> now"},
-        {"{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\l \"a10\"}{\\fldrslt Sec 10}}}", "<a #a10>Sec 10</a>"},
-        {"{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"CST ACT.rtf\" \\\\l \"a10\" \\\\o \"tip\"}{\\fldrslt 10}}}",
+    {"HyperlinkToAnAnchor", "{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\l \"a10\"}{\\fldrslt Sec 10}}}", "<a #a10>Sec 10</a>"},
+    {"HyperlinkToAFileAtAnAnchor", "{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"CST ACT.rtf\" \\\\l \"a10\" \\\\o \"tip\"}{\\fldrslt 10}}}",
          "<a CST ACT.rtf#a10>10</a>"},
-        {"{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\o \"see\" \\\\n FORMA.rtf}{\\fldrslt A}}}", "<a FORMA.rtf>A</a>"},
-        {"{\\rtf1 a{\\*\\bkmkstart a10}{\\*\\bkmkend a10}Sec 10}", "a<a a10>S</a>ec 10"},
-        {"{\\rtf1{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}}", "3"}, {"{\\rtf1 a{\\pict\\bin3 {{{}b}", "ab"},
-        {"{\\rtf1 a{\\pict\\bin99999999 xy", "a"}, {"{\\rtf1 a}}}b", "ab"},
-        {"{\\rtf1 a\\'4", "a"}, {"{\\rtf1 \\u-99999999999?a\\fs99999999999999 b}", "a<500pt>b</pt>"}};
-    for (const auto& [rtf, expected] : cases) {
-        QTextDocument document;
-        readRtf(rtf, document);
-        EXPECT_EQ(describe(document), QString::fromUtf8(expected)) << rtf.constData();
-    }
+    {"HyperlinkWithSwitchesBeforeTheFile", "{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\o \"see\" \\\\n FORMA.rtf}{\\fldrslt A}}}", "<a FORMA.rtf>A</a>"},
+    {"BookmarkAsAnAnchor", "{\\rtf1 a{\\*\\bkmkstart a10}{\\*\\bkmkend a10}Sec 10}", "a<a a10>S</a>ec 10"},
+    {"OtherFieldsShowTheirResult", "{\\rtf1{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}}", "3"},
+    {"BinaryPictureDataSkipped", "{\\rtf1 a{\\pict\\bin3 {{{}b}", "ab"},
+    {"BinaryRunPastTheEnd", "{\\rtf1 a{\\pict\\bin99999999 xy", "a"},
+    {"ClosingBracesPastTheEnd", "{\\rtf1 a}}}b", "ab"},
+    {"EscapeCutShort", "{\\rtf1 a\\'4", "a"},
+    {"NumbersOutOfRange", "{\\rtf1 \\u-99999999999?a\\fs99999999999999 b}", "a<500pt>b</pt>"},
+};
+
+class RtfReader : public ::testing::TestWithParam<TextCase> {};
+
+TEST_P(RtfReader, TextAndFormatting) {
+    QTextDocument document;
+    readRtf(GetParam().rtf, document);
+    EXPECT_EQ(describe(document), QString::fromUtf8(GetParam().expected));
 }
+
+INSTANTIATE_TEST_SUITE_P(Texts, RtfReader, ::testing::ValuesIn(kTexts),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 QByteArray fixture(const char* name) {
     QFile file(QStringLiteral(VORLAN_SOURCE_DIR "/tests/platform/documents/fixtures/") + QLatin1String(name));
