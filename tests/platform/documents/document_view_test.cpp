@@ -68,23 +68,30 @@ INSTANTIATE_TEST_SUITE_P(Kinds, DocumentKinds, ::testing::ValuesIn(kKinds),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // A click on a link reports its target and leaves the document as it was.
-TEST(DocumentView, LinkClickReportsTargetWithoutFollowing) {
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"<html><body>Forms are <a href=\"FORMA.doc\">here</a>.</body></html>", "FORMA.doc"},
-        {"{\\rtf1 Section 10 is {\\field{\\*\\fldinst{HYPERLINK \\\\l \"a10\"}}{\\fldrslt here}}.}", "#a10"}};
-    for (const auto& [bytes, target] : cases) {
-        ShownView view(600, 300, bytes);
-        const QString before = view.plainText();
-        QTextCursor cursor = view.textBrowser()->document()->find(QStringLiteral("here"));
-        ASSERT_FALSE(cursor.isNull());
-        cursor.setPosition(cursor.selectionStart() + 2);
-        QSignalSpy spy(&view, &DocumentView::linkActivated);
-        QTest::mouseClick(view.textBrowser()->viewport(), Qt::LeftButton, {}, view.textBrowser()->cursorRect(cursor).center());
-        ASSERT_EQ(spy.count(), 1);
-        EXPECT_EQ(spy.at(0).at(0).toString(), QLatin1String(target));
-        EXPECT_EQ(view.plainText(), before);
-    }
+struct LinkCase { const char* name; QByteArray bytes; const char* target; };
+
+const LinkCase kLinks[] = {
+    {"HtmlLinkToAFile", "<html><body>Forms are <a href=\"FORMA.doc\">here</a>.</body></html>", "FORMA.doc"},
+    {"RtfLinkToAnAnchor", "{\\rtf1 Section 10 is {\\field{\\*\\fldinst{HYPERLINK \\\\l \"a10\"}}{\\fldrslt here}}.}", "#a10"},
+};
+
+class DocumentLinks : public ::testing::TestWithParam<LinkCase> {};
+
+TEST_P(DocumentLinks, ClickReportsTargetWithoutFollowing) {
+    ShownView view(600, 300, GetParam().bytes);
+    const QString before = view.plainText();
+    QTextCursor cursor = view.textBrowser()->document()->find(QStringLiteral("here"));
+    ASSERT_FALSE(cursor.isNull());
+    cursor.setPosition(cursor.selectionStart() + 2);
+    QSignalSpy spy(&view, &DocumentView::linkActivated);
+    QTest::mouseClick(view.textBrowser()->viewport(), Qt::LeftButton, {}, view.textBrowser()->cursorRect(cursor).center());
+    ASSERT_EQ(spy.count(), 1);
+    EXPECT_EQ(spy.at(0).at(0).toString(), QLatin1String(GetParam().target));
+    EXPECT_EQ(view.plainText(), before);
 }
+
+INSTANTIATE_TEST_SUITE_P(Links, DocumentLinks, ::testing::ValuesIn(kLinks),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 // A numbered paragraph with a hanging indent, as word processors write lists: the text after the number's
 // tab starts where the wrapped lines start.
