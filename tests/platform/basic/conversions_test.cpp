@@ -78,28 +78,64 @@ INSTANTIATE_TEST_SUITE_P(Texts, CDateMismatch, ::testing::ValuesIn(std::vector<N
     {"MisspeltMonth", "18-Dex-1982"}, {"FourParts", "1-2-3-4"}, {"ATime", "12:30"},
 }), [](const auto& info) { return caseName(info.param.name); });
 
-TEST(Conversions, NumbersTextsAndNull) {
-    const std::pair<QString, QString> texts[] = {
-        {CStr(1126.25), "1126.25"}, {CStr(0.1 + 0.2), "0.3"}, {CStr(1e16), "1E+16"}, {CStr(true), "True"},
-        {CStr(CDbl(Variant("1,250.50"))), "1250.5"}, {CStr(CDbl(true)), "-1"}, {CStr(CLng(2.5)), "2"}, {CStr(CLng(3.5)), "4"}};
-    for (const auto& [got, want] : texts) EXPECT_EQ(got, want);
-    const struct { Variant v; bool numeric; } numeric[] = {
-        {Variant("12.5"), true}, {Variant(" 12 "), true}, {Variant("12a"), false}, {Variant(""), false},
-        {Variant::null(), false}, {Variant(), true}, {Variant("CST"), false}, {Variant("-4"), true},
-    };
-    for (const auto& c : numeric) EXPECT_EQ(IsNumeric(c.v), c.numeric) << CStr(c.v.isNull() ? Variant("null") : c.v).toStdString();
-    const std::pair<std::function<void()>, int> errors[] = {
-        {[] { CDbl(Variant("abc")); }, 13}, {[] { CDbl(Variant::null()); }, 94}, {[] { CStr(Variant::null()); }, 94},
-        {[] { Mid("abc", 0); }, 5}};
-    for (const auto& [convert, number] : errors) EXPECT_EQ(resume(convert).number(), number);
-}
+// A conversion or text function's result beside what the old platform gives.
+struct ResultCase { const char* name; QString (*got)(); const char* want; };
 
-TEST(TextFunctions, OneBasedPositionsAndBlankTrim) {
-    const std::pair<QString, QString> cases[] = {
-        {QString::number(InStr(1, "12-Sale-x", "-")), "3"}, {QString::number(InStr(4, "12-Sale-x", "-")), "8"},
-        {QString::number(InStr("abc", "z")), "0"}, {QString::number(InStr("abc", "")), "1"},
-        {QString::number(InStrRev("1-2-Sale", "-")), "4"}, {Mid("label-name", 7), "name"}, {Mid("abc", 2, 1), "b"},
-        {Mid("abc", 9), ""}, {Left("abc", 5), "abc"}, {Right("abc", 2), "bc"}, {Trim("\t a \t"), "\t a \t"},
-        {Trim("  a b  "), "a b"}};
-    for (const auto& [got, want] : cases) EXPECT_EQ(got, want);
-}
+class Results : public ::testing::TestWithParam<ResultCase> {};
+
+TEST_P(Results, AsTheOldPlatformGives) { EXPECT_EQ(GetParam().got(), QString::fromUtf8(GetParam().want)); }
+
+auto resultName = [](const auto& info) { return std::string(info.param.name); };
+
+INSTANTIATE_TEST_SUITE_P(NumbersAsText, Results, ::testing::ValuesIn(std::vector<ResultCase>{
+    {"Decimals", [] { return CStr(1126.25); }, "1126.25"},
+    {"ShortestDecimal", [] { return CStr(0.1 + 0.2); }, "0.3"},
+    {"LargeInExponent", [] { return CStr(1e16); }, "1E+16"},
+    {"True", [] { return CStr(true); }, "True"},
+    {"GroupedTextToNumber", [] { return CStr(CDbl(Variant("1,250.50"))); }, "1250.5"},
+    {"TrueIsMinusOne", [] { return CStr(CDbl(true)); }, "-1"},
+    {"HalfToEvenDown", [] { return CStr(CLng(2.5)); }, "2"},
+    {"HalfToEvenUp", [] { return CStr(CLng(3.5)); }, "4"},
+}), resultName);
+
+INSTANTIATE_TEST_SUITE_P(TextFunctions, Results, ::testing::ValuesIn(std::vector<ResultCase>{
+    {"InStrFirst", [] { return QString::number(InStr(1, "12-Sale-x", "-")); }, "3"},
+    {"InStrFromAPosition", [] { return QString::number(InStr(4, "12-Sale-x", "-")); }, "8"},
+    {"InStrNotFound", [] { return QString::number(InStr("abc", "z")); }, "0"},
+    {"InStrEmptySought", [] { return QString::number(InStr("abc", "")); }, "1"},
+    {"InStrRev", [] { return QString::number(InStrRev("1-2-Sale", "-")); }, "4"},
+    {"MidToTheEnd", [] { return Mid("label-name", 7); }, "name"},
+    {"MidOneCharacter", [] { return Mid("abc", 2, 1); }, "b"},
+    {"MidPastTheEnd", [] { return Mid("abc", 9); }, ""},
+    {"LeftLongerThanText", [] { return Left("abc", 5); }, "abc"},
+    {"Right", [] { return Right("abc", 2); }, "bc"},
+    {"TrimLeavesTabs", [] { return Trim("\t a \t"); }, "\t a \t"},
+    {"TrimBlanks", [] { return Trim("  a b  "); }, "a b"},
+}), resultName);
+
+// Which values are numeric.
+struct NumericCase { const char* name; Variant v; bool numeric; };
+
+class Numeric : public ::testing::TestWithParam<NumericCase> {};
+
+TEST_P(Numeric, AsIsNumericTellsIt) { EXPECT_EQ(IsNumeric(GetParam().v), GetParam().numeric); }
+
+INSTANTIATE_TEST_SUITE_P(Values, Numeric, ::testing::ValuesIn(std::vector<NumericCase>{
+    {"Decimal", Variant("12.5"), true}, {"BlanksAround", Variant(" 12 "), true}, {"LettersAfter", Variant("12a"), false},
+    {"EmptyText", Variant(""), false}, {"Null", Variant::null(), false}, {"Empty", Variant(), true},
+    {"Word", Variant("CST"), false}, {"Negative", Variant("-4"), true},
+}), [](const auto& info) { return std::string(info.param.name); });
+
+// The errors a conversion raises.
+struct ErrorCase { const char* name; void (*convert)(); int number; };
+
+class ConversionErrors : public ::testing::TestWithParam<ErrorCase> {};
+
+TEST_P(ConversionErrors, RaiseTheirNumber) { EXPECT_EQ(resume(GetParam().convert).number(), GetParam().number); }
+
+INSTANTIATE_TEST_SUITE_P(Conversions, ConversionErrors, ::testing::ValuesIn(std::vector<ErrorCase>{
+    {"TextToNumber", [] { CDbl(Variant("abc")); }, 13},
+    {"NullToNumber", [] { CDbl(Variant::null()); }, 94},
+    {"NullToText", [] { CStr(Variant::null()); }, 94},
+    {"MidAtZero", [] { Mid("abc", 0); }, 5},
+}), [](const auto& info) { return std::string(info.param.name); });
