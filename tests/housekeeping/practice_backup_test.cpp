@@ -9,6 +9,7 @@
 #include "returns/module2.h"
 #include "returns/return_books.h"
 #include "returns/return_schema.h"
+#include "support/case_name.h"
 #include "support/printers.h"
 #include "support/sqlite_rows.h"
 
@@ -146,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(RestoreCase{"EveryBookAfterTheDataFolderIsGone", "", true, {}, {kNotFound}},
                       RestoreCase{"EveryBookWithAnotherBookOpen", "", false, {"32089876543", 2025}, {kNotFound}},
                       RestoreCase{"OneDealerOthersKeepTheirChanges", "32089876543", false, {"32089876543", 2025}, {kRestored}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // A backup of the version before holds the loose files alone: they go to "Dealer not named" of the year of
 // their last date, and the book open now keeps its months.

@@ -1,6 +1,7 @@
 // The reader's tools on the document window: the printed head names the row shown, as the text index has
 // it, whichever way the row was reached; and the same document opened in full prints under the same head.
 #include "library_window_fixture.h"
+#include "support/case_name.h"
 
 #include "library/document_view_tools.h"
 #include "platform/basic/clock.h"
@@ -47,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
             "SELECT Globalvat.fname FROM Globalvat WHERE (((Globalvat.name)='default') AND ((Globalvat.type)='default'));",
             "default", "Judgement"},
         Row{"NoRow", "Kerala", "select fname from Kerala where name='none'", "", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 QString firstPageOf(const QString& pdf) {
     QProcess reader;

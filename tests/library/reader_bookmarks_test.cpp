@@ -1,6 +1,7 @@
 // Bookmarks: Ctrl+D in the document window, folders, the filter of the bookmarks window and Enter, and a
 // reading list exported by one reader and imported by another.
 #include "reader_fixture.h"
+#include "support/case_name.h"
 #include "support/screens.h"
 
 #include <QLineEdit>
@@ -89,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, ReadingList, ::testing::Values(
              "6 — Levy of tax | Circulars:  | Mine: Circular 12/2006 — Input tax credit on capital goods"},
     ListCase{"AMalayalamFolder", "S:പട്ടിക", "2", "", 1, "Rule 9 — Returns | പട്ടിക: First Schedule - Exempted goods"},
     ListCase{"AFileThatIsNoReadingList", "1", "2", "{\"bookmarks\": 7}", 0, "Rule 9 — Returns"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 struct FilterCase {
     const char* name;
@@ -126,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, BookmarkFilter, ::testing::Values(
     FilterCase{"TheFolderName", "circulars", "35"},
     FilterCase{"TheKind", "judgement", "J"},
     FilterCase{"NothingFound", "cess", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace reader_test

@@ -2,6 +2,7 @@
 // and keeps a damaged file aside, whole.
 #include "reader_fixture.h"
 #include "platform/basic/settings.h"
+#include "support/case_name.h"
 
 #include <QDir>
 
@@ -70,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, ReaderFile, ::testing::Values(
     FileCase{"CutShort", FileCase::Truncated, 0, "The file of your bookmarks, notes and history was damaged"},
     FileCase{"MissingAfterAnEarlierRun", FileCase::MissingAfterMade, 0, "The file of your bookmarks, notes and history is missing"},
     FileCase{"MissingAtTheFirstStart", FileCase::MissingAtFirst, 0, ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace reader_test

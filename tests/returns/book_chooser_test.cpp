@@ -3,6 +3,7 @@
 #include "platform/forms/window_registry.h"
 #include "returns/book_chooser.h"
 #include "returns/frm_select.h"
+#include "support/case_name.h"
 #include "support/printers.h"
 #include "support/screens.h"
 
@@ -90,7 +91,7 @@ INSTANTIATE_TEST_SUITE_P(
                       KeysCase{"EarlierYear", {"alpha", "<Tab>", "<Tab>", "<Up>", "<Enter>"}, 1, "32070000001", 2024},
                       KeysCase{"NewYearInOneStep", {"kitchens", "<New year>"}, 1, "32090000003", 2025},
                       KeysCase{"NextYearOfADealer", {"beta", "<New year>"}, 1, "32080000002", 2026}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 TEST_F(Chooser, TheChooserLineAndTheWayToTheReturnWindow) {
     auto* select = forms::get<frmSelect>("frmSelect");
@@ -153,6 +154,6 @@ INSTANTIATE_TEST_SUITE_P(Register, RemoveDealer,
                          ::testing::Values(RemoveCase{"WithBooksYes", "32070000001", forms::vbYes, true},
                                            RemoveCase{"WithBooksNo", "32070000001", forms::vbNo, false},
                                            RemoveCase{"WithoutBooks", "32090000003", forms::vbYes, true}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "platform/store/database_file.h"
 #include "returns/practice_start.h"
 #include "returns/return_schema.h"
+#include "support/case_name.h"
 #include "support/printers.h"
 
 using namespace returns;
@@ -54,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(
         RegisterCase{"Statement", {"32070000002", "x'; DROP TABLE dealers; --", "');", "%1 %2", "+ & #1/1/2000#", "", ""}, {}, {}},
         RegisterCase{"TenThousand", {"32070000003", kLong, kLong, kLong, kLong, kLong, kLong}, {}, {}},
         RegisterCase{"RightToLeft", {"32070000004", QString::fromUtf8("\u202Eairam\u202C \u200Fسوق"), {}, {}, {}, {}, {}}, {}, {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- two dealers, two years each: January of each book is its own ---------------------------------------
 
@@ -101,8 +102,7 @@ TEST_P(KeptApart, JanuaryOfEachBookReadsBackAfterRestart) {
             << table;
 }
 
-INSTANTIATE_TEST_SUITE_P(Books, KeptApart, ::testing::ValuesIn(kFourBooks),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Books, KeptApart, ::testing::ValuesIn(kFourBooks), CaseName());
 
 // ---- the return files of the version before become "Dealer not named", once ---------------------------
 
@@ -154,7 +154,7 @@ INSTANTIATE_TEST_SUITE_P(FirstStart, OldFiles,
                                            OldFilesCase{"UsersFolderFirst", true, true, "2023-12-31", 2023},
                                            OldFilesCase{"NoBillDate", true, false, "", 2025},
                                            OldFilesCase{"NoOldFiles", false, false, "", 0}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 // ---- naming the dealer of such a book: its months read back under the dealer ---------------------------
 
@@ -203,7 +203,7 @@ TEST_P(Naming, MonthsReadBackUnderTheDealer) {
 INSTANTIATE_TEST_SUITE_P(Books, Naming,
                          ::testing::Values(NamingCase{"Whole", 0}, NamingCase{"StoppedBeforeTheWork", 1},
                                            NamingCase{"StoppedAfterTheMove", 2}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 // ---- a book that cannot be opened is named; the book open before and the other books are not touched ----
 
@@ -246,6 +246,6 @@ INSTANTIATE_TEST_SUITE_P(
                                          QFile(f).open(QIODevice::WriteOnly);
                                      },
                                      "its folder"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace

@@ -2,13 +2,12 @@
 #include "platform/basic/runtime_error.h"
 #include "platform/basic/variant.h"
 
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <gtest/gtest.h>
 
 using namespace basic;
-
-std::string caseName(const char* name) { return name; }
 
 struct ValCase { const char* name; const char* text; double want; };
 class ValText : public ::testing::TestWithParam<ValCase> {};
@@ -21,7 +20,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, ValText, ::testing::ValuesIn(std::vector<ValCase
     {"LettersAfter", "12abc", 12}, {"LettersOnly", "abc", 0}, {"Empty", "", 0}, {"BlanksBetweenDigits", " 1 2", 12},
     {"Negative", "-3.5x", -3.5}, {"CommaEnds", "1,000", 1}, {"BlanksAround", "  7.25  ", 7.25}, {"Exponent", "1e3x", 1000},
     {"Hexadecimal", "&H1F", 31}, {"LeadingPoint", ".5", 0.5}, {"SignAlone", "-", 0}, {"SecondPointEnds", "12.5.3", 12.5},
-}), [](const auto& info) { return caseName(info.param.name); });
+}), CaseName());
 
 struct FormatCase { const char* name; Variant value; const char* want; };
 class FormatTwoDecimals : public ::testing::TestWithParam<FormatCase> {};
@@ -37,7 +36,7 @@ INSTANTIATE_TEST_SUITE_P(Values, FormatTwoDecimals, ::testing::ValuesIn(std::vec
     {"NumericText", Variant("125"), "125.00"}, {"NumericTextWithBlanks", Variant(" 1.25 "), "1.25"},
     {"OtherTextAsItIs", Variant("abc"), "abc"}, {"NullEmpty", Variant::null(), ""}, {"Currency", Variant::currency(12.345), "12.35"},
     {"LargeHalf", 12345678.125, "12345678.13"},
-}), [](const auto& info) { return caseName(info.param.name); });
+}), CaseName());
 
 // Dates read month first, two-digit years split at 30, on 1 May 2011.
 struct CDateCase { const char* name; const char* text; QDate want; };
@@ -57,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, CDateText, ::testing::ValuesIn(std::vector<CDate
     {"DayFirstWhenMonthCannotBe", "26-09-08", QDate(2008, 9, 26)}, {"MonthName", "18-Dec-1982", QDate(1982, 12, 18)},
     {"Iso", "2008-09-26", QDate(2008, 9, 26)}, {"Slashes", "9/26/2008", QDate(2008, 9, 26)},
     {"LongForm", "December 18, 1982", QDate(1982, 12, 18)}, {"NoYearIsThisYear", "18-Dec", QDate(2011, 12, 18)},
-}), [](const auto& info) { return caseName(info.param.name); });
+}), CaseName());
 
 struct NotADateCase { const char* name; const char* text; };
 class CDateMismatch : public ::testing::TestWithParam<NotADateCase> {
@@ -76,7 +75,7 @@ TEST_P(CDateMismatch, RaisesTypeMismatch) {
 INSTANTIATE_TEST_SUITE_P(Texts, CDateMismatch, ::testing::ValuesIn(std::vector<NotADateCase>{
     {"Empty", ""}, {"Letters", "abc"}, {"NoMonth13", "13-13-08"}, {"NoFebruary30", "02-30-08"},
     {"MisspeltMonth", "18-Dex-1982"}, {"FourParts", "1-2-3-4"}, {"ATime", "12:30"},
-}), [](const auto& info) { return caseName(info.param.name); });
+}), CaseName());
 
 // A conversion or text function's result beside what the old platform gives.
 struct ResultCase { const char* name; QString (*got)(); const char* want; };
@@ -85,7 +84,7 @@ class Results : public ::testing::TestWithParam<ResultCase> {};
 
 TEST_P(Results, AsTheOldPlatformGives) { EXPECT_EQ(GetParam().got(), QString::fromUtf8(GetParam().want)); }
 
-auto resultName = [](const auto& info) { return std::string(info.param.name); };
+auto resultName = CaseName();
 
 INSTANTIATE_TEST_SUITE_P(NumbersAsText, Results, ::testing::ValuesIn(std::vector<ResultCase>{
     {"Decimals", [] { return CStr(1126.25); }, "1126.25"},
@@ -124,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(Values, Numeric, ::testing::ValuesIn(std::vector<Numeri
     {"Decimal", Variant("12.5"), true}, {"BlanksAround", Variant(" 12 "), true}, {"LettersAfter", Variant("12a"), false},
     {"EmptyText", Variant(""), false}, {"Null", Variant::null(), false}, {"Empty", Variant(), true},
     {"Word", Variant("CST"), false}, {"Negative", Variant("-4"), true},
-}), [](const auto& info) { return std::string(info.param.name); });
+}), CaseName());
 
 // The errors a conversion raises.
 struct ErrorCase { const char* name; void (*convert)(); int number; };
@@ -138,4 +137,4 @@ INSTANTIATE_TEST_SUITE_P(Conversions, ConversionErrors, ::testing::ValuesIn(std:
     {"NullToNumber", [] { CDbl(Variant::null()); }, 94},
     {"NullToText", [] { CStr(Variant::null()); }, 94},
     {"MidAtZero", [] { Mid("abc", 0); }, 5},
-}), [](const auto& info) { return std::string(info.param.name); });
+}), CaseName());

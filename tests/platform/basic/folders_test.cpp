@@ -1,5 +1,6 @@
 // Which folder the shipped files and the user's files are taken from, by where the program lies.
 #include "platform/basic/folders.h"
+#include "support/case_name.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -36,5 +37,4 @@ TEST_P(ChooseFolders, BesideTheProgramWhenItHoldsShippedFilesAndCanBeWritten) {
               (basic::Folders{chosen[int(GetParam().program)], chosen[int(GetParam().user)]}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Places, ChooseFolders, ::testing::ValuesIn(kFolders),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Places, ChooseFolders, ::testing::ValuesIn(kFolders), CaseName());

@@ -1,5 +1,6 @@
 #include "platform/documents/document_kind.h"
 
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <gtest/gtest.h>
@@ -32,8 +33,7 @@ class KindOf : public ::testing::TestWithParam<KindCase> {};
 
 TEST_P(KindOf, TellsTheKindByTheFirstBytes) { EXPECT_EQ(kindOf(GetParam().bytes), GetParam().kind); }
 
-INSTANTIATE_TEST_SUITE_P(Bytes, KindOf, ::testing::ValuesIn(kKinds),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Bytes, KindOf, ::testing::ValuesIn(kKinds), CaseName());
 
 // A text file read as UTF-8 where it is, else as Latin-1; a UTF-16 file by its mark.
 struct DecodeCase { const char* name; QByteArray bytes; const char* text; };
@@ -51,8 +51,7 @@ class DecodeText : public ::testing::TestWithParam<DecodeCase> {};
 
 TEST_P(DecodeText, ReadsUtf8ElseLatin1) { EXPECT_EQ(decodeText(GetParam().bytes), QString::fromUtf8(GetParam().text)); }
 
-INSTANTIATE_TEST_SUITE_P(Bytes, DecodeText, ::testing::ValuesIn(kDecodes),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Bytes, DecodeText, ::testing::ValuesIn(kDecodes), CaseName());
 
 TEST(DecodeHtml, FollowsTheDeclaredCharset) {
     EXPECT_EQ(decodeHtml("<html><meta charset=\"iso-8859-1\"><body>caf\xE9</body></html>"),

@@ -2,6 +2,7 @@
 // footed by its number and the date printed; a selection alone; a PDF page by page; the view's zoom and
 // light on dark never reach the paper.
 #include "view_fixture.h"
+#include "support/case_name.h"
 
 #include "platform/documents/document_printer.h"
 #include "platform/documents/hit_marks.h"
@@ -91,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
                               {"Paragraph 2:", "Paragraph 5:", "Paragraph 150:"}},
                       Printed{"HitsZoomAndDarkStayOnScreen", Shown::ScreenOnly, {}, {}},
                       Printed{"PdfPageByPage", Shown::Pdf, {}, {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace documents

@@ -1,5 +1,6 @@
 #include "platform/documents/document_view.h"
 
+#include "support/case_name.h"
 #include "support/made_pdfs.h"
 #include "support/printers.h"
 
@@ -64,8 +65,7 @@ TEST_P(DocumentKinds, ShownInTheirViewerAndClearedAgain) {
     EXPECT_FALSE(view.textBrowser()->isVisible() || view.pdfView()->isVisible());
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, DocumentKinds, ::testing::ValuesIn(kKinds),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Kinds, DocumentKinds, ::testing::ValuesIn(kKinds), CaseName());
 
 // A click on a link reports its target and leaves the document as it was.
 struct LinkCase { const char* name; QByteArray bytes; const char* target; };
@@ -90,8 +90,7 @@ TEST_P(DocumentLinks, ClickReportsTargetWithoutFollowing) {
     EXPECT_EQ(view.plainText(), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(Links, DocumentLinks, ::testing::ValuesIn(kLinks),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Links, DocumentLinks, ::testing::ValuesIn(kLinks), CaseName());
 
 // A numbered paragraph with a hanging indent, as word processors write lists: the text after the number's
 // tab starts where the wrapped lines start.

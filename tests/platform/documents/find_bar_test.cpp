@@ -4,6 +4,7 @@
 #include "platform/documents/find_bar.h"
 #include "platform/documents/hit_marks.h"
 
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <QLabel>
@@ -75,7 +76,6 @@ TEST_P(HitMarks, FindsTheWordsOfASearchAsTheIndexReadsThem) {
     EXPECT_EQ(found.join(u' '), QString::fromUtf8(GetParam().hits));
 }
 
-INSTANTIATE_TEST_SUITE_P(Searches, HitMarks, ::testing::ValuesIn(kHits),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Searches, HitMarks, ::testing::ValuesIn(kHits), CaseName());
 
 }  // namespace documents

@@ -2,6 +2,7 @@
 // document names keeps its contrast, and the choice is remembered; off, a text is ink on paper whatever the
 // program's palette.
 #include "view_fixture.h"
+#include "support/case_name.h"
 
 #include <QApplication>
 #include <QPdfView>
@@ -73,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Shown{"HtmlInColour",
                             "<html><body><p style='color:#000080;font-size:30px'>Input tax credit</p></body></html>", false},
                       Shown{"Pdf", pdfOfLines({QStringLiteral("Input tax credit")}), false}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace documents

@@ -1,5 +1,6 @@
 #include "platform/documents/document_view.h"
 #include "platform/documents/rtf_reader.h"
+#include "support/case_name.h"
 
 #include <QTextBrowser>
 #include <QTextTable>
@@ -79,8 +80,7 @@ TEST_P(RtfLarge, ReadInBoundedPiecesWithEveryCharacter) {
     EXPECT_LE(longestTable, 100);
 }
 
-INSTANTIATE_TEST_SUITE_P(Documents, RtfLarge, ::testing::ValuesIn(kLarge),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Documents, RtfLarge, ::testing::ValuesIn(kLarge), CaseName());
 
 // The view shows the first page of a table of 20,000 rows and of a paragraph of 3 MB at once.
 struct FirstPageCase { const char* name; QByteArray (*rtf)(); const char* first; };
@@ -106,7 +106,6 @@ TEST_P(RtfLargeInView, ShowsTheFirstPageAtOnce) {
     EXPECT_EQ(view.textBrowser()->cursorForPosition({20, 20}).block().text().left(5), QLatin1String(GetParam().first));
 }
 
-INSTANTIATE_TEST_SUITE_P(Documents, RtfLargeInView, ::testing::ValuesIn(kFirstPages),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Documents, RtfLargeInView, ::testing::ValuesIn(kFirstPages), CaseName());
 
 }  // namespace documents

@@ -1,6 +1,7 @@
 #include "platform/documents/document_view.h"
 #include "platform/documents/rtf_reader.h"
 
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -109,8 +110,7 @@ TEST_P(RtfReader, TextAndFormatting) {
     EXPECT_EQ(describe(document), QString::fromUtf8(GetParam().expected));
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, RtfReader, ::testing::ValuesIn(kTexts),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Texts, RtfReader, ::testing::ValuesIn(kTexts), CaseName());
 
 QByteArray fixture(const char* name) {
     QFile file(QStringLiteral(VORLAN_SOURCE_DIR "/tests/platform/documents/fixtures/") + QLatin1String(name));
@@ -159,8 +159,7 @@ TEST_P(RtfTableCells, LandInTheirPlace) {
     EXPECT_EQ(document.toPlainText(), QString::fromUtf8(GetParam().text));
 }
 
-INSTANTIATE_TEST_SUITE_P(Tables, RtfTableCells, ::testing::ValuesIn(kTables),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Tables, RtfTableCells, ::testing::ValuesIn(kTables), CaseName());
 
 // The first cell of the first table: its paragraph's alignment and left indent, its padding, and each edge
 // as style:width (T, L, B, R; "-" where there is no line).
@@ -207,8 +206,7 @@ TEST_P(RtfTableCell, KeepsItsParagraphAndBorders) {
     EXPECT_EQ(firstCell(document), QLatin1String(GetParam().expected));
 }
 
-INSTANTIATE_TEST_SUITE_P(Cells, RtfTableCell, ::testing::ValuesIn(kCells),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cells, RtfTableCell, ::testing::ValuesIn(kCells), CaseName());
 
 // RTF written by another program (pandoc), kept as a file.
 TEST(RtfFixtures, ReadBackAsWritten) {
@@ -316,8 +314,7 @@ TEST_P(RtfPictures, ShownAtTheirSizeOrAsTheirAlternative) {
     EXPECT_EQ(describe(document), QString::fromUtf8(GetParam().expected));
 }
 
-INSTANTIATE_TEST_SUITE_P(Pictures, RtfPictures, ::testing::ValuesIn(kPictures),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Pictures, RtfPictures, ::testing::ValuesIn(kPictures), CaseName());
 
 // A run takes its font's family (with the face that stands in for it) and reads its 8-bit characters in
 // the font's code page.
@@ -346,8 +343,7 @@ TEST_P(RtfFontRuns, TakeTheirFamilyAndCodePage) {
     EXPECT_EQ(describe(document, true), QString::fromUtf8(GetParam().expected));
 }
 
-INSTANTIATE_TEST_SUITE_P(Runs, RtfFontRuns, ::testing::ValuesIn(kFonts),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Runs, RtfFontRuns, ::testing::ValuesIn(kFonts), CaseName());
 
 // Drawn in the view: no-break spaces hold their words on one line, and Malayalam finds a font that has
 // every glyph of it, whatever font the document names.

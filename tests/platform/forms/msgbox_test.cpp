@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "platform/forms/runtime_errors.h"
+#include "support/case_name.h"
 #include "support/printers.h"
 
 namespace {
@@ -42,7 +43,6 @@ TEST_P(Guard, EscapingErrorsBecomeTheRunTimeErrorBox) {
                                                : std::vector<forms::RecordedBox>{{box, 16, "Vorlan"}}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Handlers, Guard, ::testing::ValuesIn(kGuards),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Handlers, Guard, ::testing::ValuesIn(kGuards), CaseName());
 
 }  // namespace

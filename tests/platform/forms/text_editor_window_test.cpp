@@ -1,4 +1,5 @@
 #include "platform/forms/text_editor_window.h"
+#include "support/case_name.h"
 
 #include <gtest/gtest.h>
 
@@ -54,7 +55,6 @@ TEST_P(TextEditorClose, AsksBeforeLosingChanges) {
     EXPECT_EQ(contentsOf(copy), c.copyHolds);
 }
 
-INSTANTIATE_TEST_SUITE_P(Answers, TextEditorClose, ::testing::ValuesIn(kCloses),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Answers, TextEditorClose, ::testing::ValuesIn(kCloses), CaseName());
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "platform/reports/report_data.h"
 #include "platform/reports/report_template.h"
 #include "platform/store/connection.h"
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <QProcess>
@@ -127,7 +128,6 @@ TEST_P(DataFileFaults, NameTheFile) {
     EXPECT_TRUE(e.description().contains(c.says)) << e.description().toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Faults, DataFileFaults, ::testing::ValuesIn(kDataFaults),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Faults, DataFileFaults, ::testing::ValuesIn(kDataFaults), CaseName());
 
 }  // namespace

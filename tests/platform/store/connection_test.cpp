@@ -1,5 +1,6 @@
 // Opening files by the system's connection strings, keys, the shared handle and its transactions.
 #include "fixture.h"
+#include "support/case_name.h"
 
 namespace {
 
@@ -36,8 +37,7 @@ TEST_P(ConnectionStrings, OpenByEveryFormOfTheStringAndRefuseAnyOtherKey) {
     EXPECT_FALSE(QFile::exists(dir.path() + QStringLiteral("/missing.mdb")));
 }
 
-INSTANTIATE_TEST_SUITE_P(Strings, ConnectionStrings, ::testing::ValuesIn(kOpens),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Strings, ConnectionStrings, ::testing::ValuesIn(kOpens), CaseName());
 
 TEST_F(Connections, ShareOneHandleSoATransactionCoversEveryConnection) {
     store::Connection second;

@@ -1,6 +1,7 @@
 // The words of a full-text table: what the user types, the word tokenizer and the ranking, read back
 // through TextIndex from a file the store wrote.
 #include "platform/store/text_index.h"
+#include "support/case_name.h"
 
 #include "fixture.h"
 
@@ -32,8 +33,7 @@ TEST_P(TextQuery, ReadsWhatTheUserTypes) {
     EXPECT_EQ(q.matchExpression() + (exclusion.isEmpty() ? QString() : " | " + exclusion), GetParam().match);
 }
 
-INSTANTIATE_TEST_SUITE_P(Typed, TextQuery, ::testing::ValuesIn(kQueries),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Typed, TextQuery, ::testing::ValuesIn(kQueries), CaseName());
 
 // Whole words found and the titles ranked first, in a table the store wrote, with the snippet of the best
 // hit: in English and Malayalam, across a dash, a diaeresis and a soft hyphen.
@@ -71,7 +71,6 @@ TEST_P(FullTextWords, FindsWholeWordsAndRanksTitlesFirst) {
     EXPECT_EQ(hits[0].snippet, GetParam().snippet);
 }
 
-INSTANTIATE_TEST_SUITE_P(Searches, FullTextWords, ::testing::ValuesIn(kWords),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Searches, FullTextWords, ::testing::ValuesIn(kWords), CaseName());
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Moving, reading, writing back, filtering and cloning record sets.
 #include "fixture.h"
+#include "support/case_name.h"
 
 namespace {
 
@@ -104,8 +105,7 @@ TEST_P(RecordsetFilters, NarrowTheRowsInMemory) {
     EXPECT_EQ(ids.join(u','), QString::fromUtf8(GetParam().want));
 }
 
-INSTANTIATE_TEST_SUITE_P(Filters, RecordsetFilters, ::testing::ValuesIn(kFilters),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Filters, RecordsetFilters, ::testing::ValuesIn(kFilters), CaseName());
 
 }  // namespace
 

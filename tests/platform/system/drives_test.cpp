@@ -1,5 +1,6 @@
 // The drives offered for a backup, and the test that a drive can be written.
 #include "platform/system/drives.h"
+#include "support/case_name.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -39,8 +40,7 @@ TEST_P(BackupDrives, HomeThenRemovableDrivesThenWritableMountsEachOnce) {
     EXPECT_EQ(sys::backupDriveRoots("/home/u", placed(c.parents), placed(c.mounts)), QStringList{"/home/u/"} + placed(c.want));
 }
 
-INSTANTIATE_TEST_SUITE_P(Drives, BackupDrives, ::testing::ValuesIn(kDrives),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Drives, BackupDrives, ::testing::ValuesIn(kDrives), CaseName());
 
 // Only a folder that takes a file can be written; the test leaves nothing behind.
 enum class Place { Folder, Gone, File, Proc };
@@ -61,5 +61,4 @@ TEST_P(CanWriteFolder, OnlyAFolderThatTakesAFile) {
     EXPECT_EQ(QDir(root.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"file"});   // no probe left
 }
 
-INSTANTIATE_TEST_SUITE_P(Folders, CanWriteFolder, ::testing::ValuesIn(kWrites),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Folders, CanWriteFolder, ::testing::ValuesIn(kWrites), CaseName());

@@ -1,4 +1,5 @@
 #include "platform/system/register_server.h"
+#include "support/case_name.h"
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -38,7 +39,6 @@ TEST_P(RegisterServerFile, GivesItsStatusWithinItsLimit) {
     if (c.loadedAfter != Loaded::NotChecked) { EXPECT_EQ(isLoaded(c.path), c.loadedAfter == Loaded::Yes); }
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, RegisterServerFile, ::testing::ValuesIn(kServers),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Files, RegisterServerFile, ::testing::ValuesIn(kServers), CaseName());
 
 }  // namespace

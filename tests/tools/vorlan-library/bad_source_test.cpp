@@ -1,6 +1,7 @@
 // A bad source stops the builder with the file and line, and leaves the output folder as it was:
 // no half library, and an earlier good one untouched.
 #include "library_files.h"
+#include "support/case_name.h"
 
 #include <QCryptographicHash>
 
@@ -72,8 +73,7 @@ TEST_P(BadSources, StopTheBuildNamingFileAndLineAndChangeNothing)
     EXPECT_EQ(contents(empty), QStringList());
 }
 
-INSTANTIATE_TEST_SUITE_P(Sources, BadSources, ::testing::ValuesIn(kBad),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Sources, BadSources, ::testing::ValuesIn(kBad), CaseName());
 
 TEST(Usage, WrongArgumentsBuildNothing)
 {

@@ -1,6 +1,7 @@
 // The text index the builder writes into the first library file: an entry for each row with a document,
 // with the key that shows it, its kind and its date; and which rows the words of a document find.
 #include "library_files.h"
+#include "support/case_name.h"
 
 #include <QPainter>
 #include <QPdfWriter>
@@ -39,8 +40,7 @@ TEST_P(TextIndex, HoldsEachRowWithItsKindAndDate)
               c.title.isEmpty() ? QString() : c.title + '|' + c.kind + '|' + c.date);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, TextIndex, ::testing::ValuesIn(kEntries),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Rows, TextIndex, ::testing::ValuesIn(kEntries), CaseName());
 
 TEST(TextIndexWords, FindTheirDocument)
 {
