@@ -3,6 +3,7 @@
 // grid's cells; the preview of a 10,000-bill XLSX (under a second), beside the sheet reader alone; the
 // month of 10,000 bills exported as XLSX, ODS and CSV (each under a second), beside a plain write of
 // the file's bytes.
+#include "plain_write.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/list_box.h"
 #include "platform/forms/msgbox.h"
@@ -19,8 +20,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -149,12 +148,7 @@ void BM_PlainWriteOfTheWorkbook(benchmark::State& state) {
     file.open(QIODevice::ReadOnly);
     const QByteArray bytes = file.readAll();
     const QByteArray plain = QFile::encodeName(folder().filePath(QStringLiteral("plain.xlsx")));
-    for (auto _ : state) {
-        const int fd = ::open(plain.constData(), O_CREAT | O_TRUNC | O_WRONLY, 0644);
-        benchmark::DoNotOptimize(::write(fd, bytes.constData(), size_t(bytes.size())));
-        ::fsync(fd);
-        ::close(fd);
-    }
+    for (auto _ : state) writeStraight(plain, bytes);
     state.counters["bytes"] = double(bytes.size());
 }
 BENCHMARK(BM_PlainWriteOfTheWorkbook)->Unit(benchmark::kMillisecond);

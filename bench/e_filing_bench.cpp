@@ -2,48 +2,32 @@
 // 4,000 sales of which 1,000 CST): read as the return window reads them, checked, made into the four
 // sheets. It must stay under a second. Then the lists written as XLSX and CSV. Beside them the floors:
 // the same rows read straight with SQLite, and the same text written straight to a file.
-#include "platform/basic/app_path.h"
-#include "platform/basic/clock.h"
-#include "platform/store/connection.h"
+#include "qt_bench_main.h"
+#include "return_files.h"
 #include "returns/e_filing_lists.h"
-#include "returns/return_schema.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QTemporaryDir>
-#include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
 namespace {
 
-struct Book {
-    Book() {
-        basic::SetAppPath(folder.path());
-        basic::Clock::set(QDate(2026, 4, 10));
-        returns::CreateReturnStores(folder.path());
-        store::Connection cn;
-        cn.Open("Driver={Microsoft Access Driver (*.mdb)};Dbq=" + folder.filePath("nwForm10DB.mdb"));
-        cn.BeginTrans();
-        const struct { const char* table; int bills; } tables[] = {{"tblPurchase1", 4000}, {"tblPurchaseInterState1", 2000}, {"tblSales", 4000}};
-        const char* rates[] = {"0", "1", "4", "12.5", "20"};
-        for (const auto& t : tables)
-            for (int r = 1; r <= t.bills; ++r) {
-                const bool cst = QLatin1String(t.table) == QLatin1String("tblSales") && r % 4 == 0;
-                // A bill in fifty has no TIN, one in a hundred a tax typed wrong.
-                cn.Execute(QString("INSERT INTO %1 (SlNo, BillDate, Party, TIN, BillNo, RateOfTax, Amount, Tax, Cess, NetAmount, "
-                                   "cMonth, cCode) VALUES ('%2', '2027-03-%3', 'Party %4', '%5', 'B-%2', '%6', 1000, %7, 0, 1040, 'March', '')")
-                               .arg(QLatin1String(t.table)).arg(r).arg(1 + r % 28, 2, 10, QChar('0')).arg(r % 700)
-                               .arg(r % 50 == 0 ? QString() : QString("3207%1").arg(1000000 + r))
-                               .arg(cst ? "CST" : rates[r % 5]).arg(r % 100 == 0 ? 7 : (cst ? 20 : QString(rates[r % 5]).toDouble() * 10)));
-            }
-        cn.CommitTrans();
-        cn.Close();
-    }
-    QTemporaryDir folder;
-};
+void fill(store::Connection& cn) {
+    const struct { const char* table; int bills; } tables[] = {{"tblPurchase1", 4000}, {"tblPurchaseInterState1", 2000}, {"tblSales", 4000}};
+    const char* rates[] = {"0", "1", "4", "12.5", "20"};
+    for (const auto& t : tables)
+        for (int r = 1; r <= t.bills; ++r) {
+            const bool cst = QLatin1String(t.table) == QLatin1String("tblSales") && r % 4 == 0;
+            // A bill in fifty has no TIN, one in a hundred a tax typed wrong.
+            cn.Execute(QString("INSERT INTO %1 (SlNo, BillDate, Party, TIN, BillNo, RateOfTax, Amount, Tax, Cess, NetAmount, "
+                               "cMonth, cCode) VALUES ('%2', '2027-03-%3', 'Party %4', '%5', 'B-%2', '%6', 1000, %7, 0, 1040, 'March', '')")
+                           .arg(QLatin1String(t.table)).arg(r).arg(1 + r % 28, 2, 10, QChar('0')).arg(r % 700)
+                           .arg(r % 50 == 0 ? QString() : QString("3207%1").arg(1000000 + r))
+                           .arg(cst ? "CST" : rates[r % 5]).arg(r % 100 == 0 ? 7 : (cst ? 20 : QString(rates[r % 5]).toDouble() * 10)));
+        }
+}
 
-Book& book() {
-    static Book* made = new Book;   // let go with the process, after the store's globals
+ReturnFiles& book() {
+    static ReturnFiles* made = new ReturnFiles(fill);   // let go with the process, after the store's globals
     return *made;
 }
 
@@ -62,19 +46,10 @@ BENCHMARK(BM_FilingListsAndChecks)->Unit(benchmark::kMillisecond);
 void BM_FilingBillsFloor(benchmark::State& state) {
     sqlite3* db = nullptr;
     sqlite3_open(QFile::encodeName(book().folder.filePath("nwForm10DB.mdb")).constData(), &db);
-    for (auto _ : state) {
-        long cells = 0;
-        for (const char* sql : {"SELECT * FROM tblPurchase1 WHERE cCode='' AND cMonth='March' ORDER BY BillDate",
-                                "SELECT * FROM tblPurchaseInterState1 WHERE cCode='' AND cMonth='March' ORDER BY BillDate",
-                                "SELECT * FROM tblSales WHERE cCode='' AND cMonth='March' ORDER BY BillDate"}) {
-            sqlite3_stmt* st = nullptr;
-            sqlite3_prepare_v2(db, sql, -1, &st, nullptr);
-            while (sqlite3_step(st) == SQLITE_ROW)
-                for (int c = 0; c < sqlite3_column_count(st); ++c) cells += sqlite3_column_bytes(st, c);
-            sqlite3_finalize(st);
-        }
-        benchmark::DoNotOptimize(cells);
-    }
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ReadStraight(db, {"SELECT * FROM tblPurchase1 WHERE cCode='' AND cMonth='March' ORDER BY BillDate",
+                                                   "SELECT * FROM tblPurchaseInterState1 WHERE cCode='' AND cMonth='March' ORDER BY BillDate",
+                                                   "SELECT * FROM tblSales WHERE cCode='' AND cMonth='March' ORDER BY BillDate"}));
     sqlite3_close(db);
 }
 BENCHMARK(BM_FilingBillsFloor)->Unit(benchmark::kMillisecond);
@@ -102,9 +77,4 @@ BENCHMARK(BM_PlainFileFloor)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+int main(int argc, char** argv) { return runOffscreen<QCoreApplication>(argc, argv); }

@@ -3,60 +3,44 @@
 // (read, worked out, laid out, its typed boxes made) must stay under 100 ms, its PDF under 300 ms.
 // Beside them the floors: the same rows read straight with SQLite, and the same texts drawn straight
 // into a three-page PDF with nothing laid out.
-#include "platform/basic/app_path.h"
-#include "platform/basic/clock.h"
-#include "platform/store/connection.h"
 #include "qt_bench_main.h"
+#include "return_files.h"
 #include "returns/form_ten_paper.h"
 #include "returns/form_ten_view.h"
-#include "returns/return_schema.h"
 
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTemporaryDir>
-#include <sqlite3.h>
 
 namespace {
 
 constexpr int kBills = 10000;
 constexpr int kExports = 200;   // three rows to each page per press
 
-struct Book {
-    Book() {
-        basic::SetAppPath(folder.path());
-        basic::Clock::set(QDate(2026, 4, 10));
-        returns::CreateReturnStores(folder.path());
-        store::Connection cn;
-        cn.Open("Driver={Microsoft Access Driver (*.mdb)};Dbq=" + folder.filePath("nwForm10DB.mdb"));
-        cn.BeginTrans();
-        for (const char* table : {"tblPurchase1", "tblPurchaseInterState1", "tblSales"})
-            for (int r = 1; r <= kBills; ++r)
-                cn.Execute(QString("INSERT INTO %1 (SlNo, BillDate, Party, TIN, BillNo, RateOfTax, Amount, Tax, Cess, NetAmount, "
-                                   "cMonth, cCode) VALUES ('%2', '2026-03-%3', 'Party %2', '32071100000', 'B-%2', '4', 1000, 40, 0, "
-                                   "1040, 'March', '')")
-                               .arg(QLatin1String(table)).arg(r).arg(1 + r % 28, 2, 10, QChar('0')));
-        cn.Execute("INSERT INTO tblCommon (cCode, cMonth, PTA4, PTT4, STA4, STT4, STACST, STTCST, netTotal) "
-                   "VALUES ('', 'March', 10000000, 400000, 10000000, 400000, 5000, 100, 10400000)");
-        for (int e = 0; e < kExports; ++e) {
-            cn.Execute("INSERT INTO tblMPage3 (cCode, cYear, cSequence, cRPFrom, C1_13, C1_34, C1_35, C1_37, C1_54, C1_55) "
-                       "VALUES ('', '2026', 'Monthly', 'March', '0', '10000000.00', '400000.00', '400000.00', '10000000.00', '400000.00')");
-            for (int k = 0; k < 2; ++k)
-                cn.Execute("INSERT INTO tblMPage1 (cCode, cYear, cSequence, cRPFrom, ISS13, ISS14, ISS17, ISS34, ISS37) "
-                           "VALUES ('', '2026', 'Monthly', 'March', 'CST', '5000.00', '100.00', '5000.00', '100.00')");
-            for (const char* page : {"tblMPage1", "tblMPage2", "tblMPage4", "tblMPage5"})
-                cn.Execute(QString("INSERT INTO %1 (cCode, cYear, cSequence, cRPFrom) VALUES ('', '2026', 'Monthly', 'March')")
-                               .arg(QLatin1String(page)));
-        }
-        cn.CommitTrans();
-        cn.Close();
+void fill(store::Connection& cn) {
+    for (const char* table : {"tblPurchase1", "tblPurchaseInterState1", "tblSales"})
+        for (int r = 1; r <= kBills; ++r)
+            cn.Execute(QString("INSERT INTO %1 (SlNo, BillDate, Party, TIN, BillNo, RateOfTax, Amount, Tax, Cess, NetAmount, "
+                               "cMonth, cCode) VALUES ('%2', '2026-03-%3', 'Party %2', '32071100000', 'B-%2', '4', 1000, 40, 0, "
+                               "1040, 'March', '')")
+                           .arg(QLatin1String(table)).arg(r).arg(1 + r % 28, 2, 10, QChar('0')));
+    cn.Execute("INSERT INTO tblCommon (cCode, cMonth, PTA4, PTT4, STA4, STT4, STACST, STTCST, netTotal) "
+               "VALUES ('', 'March', 10000000, 400000, 10000000, 400000, 5000, 100, 10400000)");
+    for (int e = 0; e < kExports; ++e) {
+        cn.Execute("INSERT INTO tblMPage3 (cCode, cYear, cSequence, cRPFrom, C1_13, C1_34, C1_35, C1_37, C1_54, C1_55) "
+                   "VALUES ('', '2026', 'Monthly', 'March', '0', '10000000.00', '400000.00', '400000.00', '10000000.00', '400000.00')");
+        for (int k = 0; k < 2; ++k)
+            cn.Execute("INSERT INTO tblMPage1 (cCode, cYear, cSequence, cRPFrom, ISS13, ISS14, ISS17, ISS34, ISS37) "
+                       "VALUES ('', '2026', 'Monthly', 'March', 'CST', '5000.00', '100.00', '5000.00', '100.00')");
+        for (const char* page : {"tblMPage1", "tblMPage2", "tblMPage4", "tblMPage5"})
+            cn.Execute(QString("INSERT INTO %1 (cCode, cYear, cSequence, cRPFrom) VALUES ('', '2026', 'Monthly', 'March')")
+                           .arg(QLatin1String(page)));
     }
-    QTemporaryDir folder;
-};
+}
 
-Book& book() {
-    static Book* made = new Book;   // let go with the process, after the store's globals
+ReturnFiles& book() {
+    static ReturnFiles* made = new ReturnFiles(fill);   // let go with the process, after the store's globals
     return *made;
 }
 
@@ -91,24 +75,14 @@ BENCHMARK(BM_FormTenKeystroke)->Unit(benchmark::kMillisecond);
 void BM_FormTenRowsFloor(benchmark::State& state) {
     sqlite3* db = nullptr;
     sqlite3_open(QFile::encodeName(book().folder.filePath("nwForm10DB.mdb")).constData(), &db);
-    const char* const statements[] = {
+    const auto statements = {
         "SELECT * FROM tblMPage1 WHERE cCode='' AND cRPFrom='March' ORDER BY rowid",
         "SELECT * FROM tblMPage3 WHERE cCode='' AND cRPFrom='March' ORDER BY rowid",
         "SELECT * FROM tblMPage5 WHERE cCode='' AND cRPFrom='March' ORDER BY rowid",
         "SELECT * FROM tblCommon WHERE cCode='' AND cMonth='March'",
         "SELECT Sum(NetAmount) FROM tblPurchase1 WHERE cCode='' AND cMonth='March'",
         "SELECT Sum(NetAmount) FROM tblPurchaseInterState1 WHERE cCode='' AND cMonth='March'"};
-    for (auto _ : state) {
-        long cells = 0;
-        for (const char* sql : statements) {
-            sqlite3_stmt* st = nullptr;
-            sqlite3_prepare_v2(db, sql, -1, &st, nullptr);
-            while (sqlite3_step(st) == SQLITE_ROW)
-                for (int c = 0; c < sqlite3_column_count(st); ++c) cells += sqlite3_column_bytes(st, c);
-            sqlite3_finalize(st);
-        }
-        benchmark::DoNotOptimize(cells);
-    }
+    for (auto _ : state) benchmark::DoNotOptimize(ReadStraight(db, statements));
     sqlite3_close(db);
 }
 BENCHMARK(BM_FormTenRowsFloor)->Unit(benchmark::kMillisecond);

@@ -5,6 +5,7 @@
 #include "platform/basic/clock.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/msgbox.h"
+#include "qt_bench_main.h"
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
 
@@ -33,14 +34,6 @@ void fill(forms::FlexGrid* grid, const char* party) {
     }
 }
 
-QApplication& app() {
-    static int argc = 1;
-    static char name[] = "month-add-bench";
-    static char* argv[] = {name, nullptr};
-    static QApplication instance(argc, argv);
-    return instance;
-}
-
 struct Setup {
     Setup() {
         basic::SetAppPath(folder.path());
@@ -56,7 +49,6 @@ struct Setup {
 Setup* made = nullptr;
 
 Setup& setup() {
-    app();
     if (!made) made = new Setup;
     return *made;
 }
@@ -98,11 +90,9 @@ BENCHMARK(BM_StoreFloor)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    delete made;
-    returns::ReleaseReturnStores();
-    returns::rsLookup = returns::rsBills = returns::rsReport = store::Recordset::nothing();
-    return 0;
+    return runOffscreen<QApplication>(argc, argv, [] {
+        delete made;
+        returns::ReleaseReturnStores();
+        returns::rsLookup = returns::rsBills = returns::rsReport = store::Recordset::nothing();
+    });
 }

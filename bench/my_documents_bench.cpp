@@ -11,6 +11,7 @@
 // With VORLAN_READER_BENCH_DIR the files are made once into that folder and read by later runs.
 #include "circular_titles.h"
 #include "qt_bench_main.h"
+#include "support/made_pdfs.h"
 #include "zipf_texts.h"
 
 #include "library/library_text.h"
@@ -42,17 +43,6 @@ QString workFolder() {
     return kept.isEmpty() ? temporary.path() : kept;
 }
 
-QByteArray pdfOf(const QByteArray& text) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    QTextDocument document;
-    document.setPlainText(QString::fromUtf8(text));
-    document.print(&writer);
-    return bytes;
-}
-
 // The folder of 1,000 documents, made once.
 struct Folder {
     QString dir = workFolder() + QStringLiteral("/folder");
@@ -67,7 +57,7 @@ struct Folder {
             if (!QFile::exists(name)) {
                 QByteArray text = "Circular No. " + QByteArray::number(i) + "/2025\nDated 14-03-2025\n" + texts.next();
                 if (name.endsWith("rtf")) text = "{\\rtf1\\ansi " + text.replace("\n", "\\par\n") + "}";
-                if (name.endsWith("pdf")) text = pdfOf(text);
+                if (name.endsWith("pdf")) text = pdfOfText(QString::fromUtf8(text));
                 QFile f(name);
                 f.open(QIODevice::WriteOnly);
                 f.write(text);

@@ -5,6 +5,7 @@
 #include "platform/basic/clock.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/msgbox.h"
+#include "qt_bench_main.h"
 #include "returns/book_chooser.h"
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
@@ -25,14 +26,6 @@ namespace {
 
 constexpr int kDealers = 2000, kYears = 5, kBills = 200;
 const char* const kPlaces[] = {"Kochi", "Thrissur", "Kozhikode", "Kollam", "Kannur", "Palakkad", "Alappuzha"};
-
-QApplication& app() {
-    static int argc = 1;
-    static char name[] = "practice-bench";
-    static char* argv[] = {name, nullptr};
-    static QApplication instance(argc, argv);
-    return instance;
-}
 
 QString tinOf(int dealer) { return QStringLiteral("3207%1").arg(dealer, 7, 10, QChar('0')); }
 
@@ -80,7 +73,6 @@ struct Practice {
 
 Practice* made = nullptr;
 Practice& practice() {
-    app();
     if (!made) made = new Practice;
     return *made;
 }
@@ -239,12 +231,10 @@ BENCHMARK(BM_PlainCopyFloor)->Unit(benchmark::kMillisecond)->UseManualTime()->It
 }  // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    returns::ResetRegister();
-    delete made;
-    returns::ReleaseReturnStores();
-    returns::rsLookup = returns::rsBills = returns::rsReport = store::Recordset::nothing();
-    return 0;
+    return runOffscreen<QApplication>(argc, argv, [] {
+        returns::ResetRegister();
+        delete made;
+        returns::ReleaseReturnStores();
+        returns::rsLookup = returns::rsBills = returns::rsReport = store::Recordset::nothing();
+    });
 }

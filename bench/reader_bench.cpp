@@ -6,6 +6,7 @@
 //                           of RTF: each step reads the row, shows the document, lights its notes and puts it
 //                           at the place left. One iteration is one step.
 //   ShowDocument_Documents  the same two documents set by turns into a document view: the floor of a step.
+#include "support/reader_windows.h"
 #include "zipf_texts.h"
 
 #include "library/keralaforms.h"
@@ -65,13 +66,7 @@ struct Program {
         libbuilder::writeLibrary(libbuilder::readSource(source.path()), program, true);
         basic::SetFolders(program, user);
         shell::InitLibraryStore();
-        forms::define(QStringLiteral("keralaforms"), [] {
-            auto* w = new library::keralaforms;
-            library::attachReader(w);
-            return w;
-        });
-        forms::define(QStringLiteral("frmkerala"), [] { return new QWidget; });
-        forms::define(QStringLiteral("BookmarksWindow"), [] { return new library::BookmarksWindow; });
+        defineReaderWindows();
         documents::ReaderStore& store = library::readerStore();
         for (int i = 0; i < kBookmarks; ++i)
             store.addBookmark({QStringLiteral("Kerala:%1").arg(1000 + i), QStringLiteral("Circular %1/2020 on the tax on goods").arg(i),

@@ -2,51 +2,32 @@
 // template and data read, laid out, written. It must stay under two seconds. Beside it, the floor: the
 // same 2,000 lines of text drawn straight into a PDF, paged, with nothing read or laid out.
 #include "platform/reports/register_painter.h"
-#include "platform/store/connection.h"
-#include "returns/return_schema.h"
+#include "qt_bench_main.h"
+#include "return_files.h"
 
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 namespace {
 
 constexpr int kBills = 2000;
 
-QGuiApplication& app() {
-    static int argc = 1;
-    static char name[] = "register-pdf-bench";
-    static char* argv[] = {name, nullptr};
-    static QGuiApplication instance(argc, argv);
-    return instance;
+void fill(store::Connection& cn) {
+    const char* rates[] = {"      0", "      1", "      4", "    12.5", "     20"};
+    for (int r = 1; r <= kBills; ++r)
+        cn.Execute(QString("INSERT INTO tblRptPurchase1 (SlNo, BillDate, Party, TIN, BillNo, RateOfTax, Amount, Tax, "
+                           "Cess, NetAmount, cMonth, Place, cCode) VALUES ('%1', '%2-03-26', 'Party number %1 Traders', "
+                           "'32071100', 'B-%1', '%3', %4, %5, 1.25, %6, 'March', 'Kochi', '')")
+                       .arg(r).arg(1 + (r - 1) * 28 / kBills, 2, 10, QChar('0')).arg(rates[r % 5])
+                       .arg(1000 + r).arg(r % 125 + 0.5).arg(1000 + r + r % 125 + 1.75));
+    cn.Execute("INSERT INTO tblRptPurchaseC (cCode, cMonth, cAddress, PTA0, PRT0, PCTAmt, PCTTotal, Place, eDate) "
+               "VALUES ('', 'March', '', 1000, 1000, 1000, 1000, 'Kochi', '15-03-26')");
 }
 
-struct Month {
-    Month() {
-        returns::CreateReturnStores(folder.path());
-        store::Connection cn;
-        cn.Open("Driver={Microsoft Access Driver (*.mdb)};Dbq=" + folder.filePath("nwForm10DB.mdb"));
-        cn.BeginTrans();
-        const char* rates[] = {"      0", "      1", "      4", "    12.5", "     20"};
-        for (int r = 1; r <= kBills; ++r)
-            cn.Execute(QString("INSERT INTO tblRptPurchase1 (SlNo, BillDate, Party, TIN, BillNo, RateOfTax, Amount, Tax, "
-                               "Cess, NetAmount, cMonth, Place, cCode) VALUES ('%1', '%2-03-26', 'Party number %1 Traders', "
-                               "'32071100', 'B-%1', '%3', %4, %5, 1.25, %6, 'March', 'Kochi', '')")
-                           .arg(r).arg(1 + (r - 1) * 28 / kBills, 2, 10, QChar('0')).arg(rates[r % 5])
-                           .arg(1000 + r).arg(r % 125 + 0.5).arg(1000 + r + r % 125 + 1.75));
-        cn.Execute("INSERT INTO tblRptPurchaseC (cCode, cMonth, cAddress, PTA0, PRT0, PCTAmt, PCTTotal, Place, eDate) "
-                   "VALUES ('', 'March', '', 1000, 1000, 1000, 1000, 'Kochi', '15-03-26')");
-        cn.CommitTrans();
-        cn.Close();
-    }
-    QTemporaryDir folder;
-};
-
 void BM_RegisterPdf(benchmark::State& state) {
-    app();
-    static Month month;
+    static ReturnFiles month(fill);
     const QString pdf = month.folder.filePath("register.pdf");
     int pages = 0;
     for (auto _ : state)
@@ -57,7 +38,6 @@ void BM_RegisterPdf(benchmark::State& state) {
 BENCHMARK(BM_RegisterPdf)->Unit(benchmark::kMillisecond);
 
 void BM_PlainTextPdfFloor(benchmark::State& state) {
-    app();
     QTemporaryDir dir;
     QStringList lines;
     for (int r = 1; r <= kBills; ++r)
@@ -86,4 +66,4 @@ BENCHMARK(BM_PlainTextPdfFloor)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) { return runOffscreen<QGuiApplication>(argc, argv); }

@@ -2,6 +2,7 @@
 // under a second), beside a plain write of the same number of bytes; the preview of a 10,000-row XLSX
 // (under a second), beside a plain read of its bytes; and the preview of a sheet of a million rows,
 // which reads its first 10,000 and no more.
+#include "plain_write.h"
 #include "platform/sheets/sheet_reader.h"
 #include "platform/sheets/sheet_writer.h"
 
@@ -11,8 +12,6 @@
 #include <benchmark/benchmark.h>
 #include <zip.h>
 
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -74,12 +73,7 @@ void plainWrite(benchmark::State& state, const QString& name) {
     written.open(QIODevice::ReadOnly);
     const QByteArray bytes = written.readAll();
     const QByteArray path = QFile::encodeName(folder().filePath("plain." + name));
-    for (auto _ : state) {
-        const int fd = ::open(path.constData(), O_CREAT | O_TRUNC | O_WRONLY, 0644);
-        benchmark::DoNotOptimize(::write(fd, bytes.constData(), size_t(bytes.size())));
-        ::fsync(fd);
-        ::close(fd);
-    }
+    for (auto _ : state) writeStraight(path, bytes);
     state.counters["bytes"] = double(bytes.size());
 }
 void BM_PlainWriteOfXlsxBytes(benchmark::State& state) { plainWrite(state, "floor.xlsx"); }

@@ -9,7 +9,7 @@
 #include <QToolButton>
 #include <cmath>
 
-#include "library/document_reader.h"
+#include "library/document_view_tools.h"
 #include "platform/documents/find_bar.h"
 #include "platform/forms/errors.h"
 #include "platform/forms/msgbox.h"

@@ -3,6 +3,7 @@
 #include "library/document_guess.h"
 #include "library/library_text.h"
 #include "library/reader_documents.h"
+#include "platform/basic/settings.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/runtime_errors.h"
 
@@ -17,7 +18,6 @@
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QSettings>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -113,17 +113,17 @@ MyDocumentsWindow::MyDocumentsWindow()
     connect(cmdRemove, &QPushButton::clicked, this, [this] { forms::guard([this] { removeChosen(); }); });
     connect(cmdAddFiles, &QPushButton::clicked, this, [this] {
         const QStringList files = QFileDialog::getOpenFileNames(
-            this, QStringLiteral("Add documents"), QSettings().value(kFolderSetting).toString(),
+            this, QStringLiteral("Add documents"), basic::Settings().value(kFolderSetting).toString(),
             QStringLiteral("Documents (*.pdf *.rtf *.htm *.html *.txt);;All files (*)"));
         if (files.isEmpty()) return;
-        QSettings().setValue(kFolderSetting, QFileInfo(files.first()).absolutePath());
+        basic::Settings().setValue(kFolderSetting, QFileInfo(files.first()).absolutePath());
         forms::guard([&] { addChosen(files); });
     });
     connect(cmdAddFolder, &QPushButton::clicked, this, [this] {
         const QString folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Add a folder of documents"),
-                                                                 QSettings().value(kFolderSetting).toString());
+                                                                 basic::Settings().value(kFolderSetting).toString());
         if (folder.isEmpty()) return;
-        QSettings().setValue(kFolderSetting, folder);
+        basic::Settings().setValue(kFolderSetting, folder);
         forms::guard([&] { addChosen({folder}); });
     });
     grid->installEventFilter(this);

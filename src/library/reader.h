@@ -33,9 +33,6 @@ void attachReader(keralaforms* window);
 // with the note's passage chosen. True when a document is shown whose hits the search may light.
 bool openTextResult(const QString& key);
 
-// Shows a window of the reader ("BookmarksWindow", "MyDocumentsWindow") over whatever holds the input.
-void showReaderWindow(const QString& name);
-
 // A main toolbar: "Recent" (the last 50 documents, with when), "Bookmarks" and "My documents".
 void addReaderTools(QToolBar* toolbar);
 

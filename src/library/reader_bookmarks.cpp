@@ -4,6 +4,7 @@
 #include "library/reader_documents.h"
 #include "platform/basic/runtime_error.h"
 #include "platform/forms/msgbox.h"
+#include "platform/basic/settings.h"
 
 #include <QApplication>
 #include <QFile>
@@ -16,7 +17,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QSettings>
 #include <QStyle>
 #include <QTimer>
 #include <QTreeWidget>
@@ -34,7 +34,7 @@ const QString kTitle = QStringLiteral("Bookmarks");
 qint64 idOf(const QTreeWidgetItem* item) { return item ? item->data(0, kIdRole).toLongLong() : 0; }
 
 QString lastFolder() {
-    return QSettings().value(QStringLiteral("Reader/listFolder")).toString();
+    return basic::Settings().value(QStringLiteral("Reader/listFolder")).toString();
 }
 
 }  // namespace
@@ -120,12 +120,12 @@ BookmarksWindow::BookmarksWindow()
         const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Export the bookmarks"),
                                                           lastFolder() + QStringLiteral("/Bookmarks.json"),
                                                           QStringLiteral("Reading lists (*.json)"));
-        if (!path.isEmpty() && exportTo(path)) QSettings().setValue(QStringLiteral("Reader/listFolder"), QFileInfo(path).absolutePath());
+        if (!path.isEmpty() && exportTo(path)) basic::Settings().setValue(QStringLiteral("Reader/listFolder"), QFileInfo(path).absolutePath());
     });
     connect(cmdImport, &QPushButton::clicked, this, [this] {
         const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Import bookmarks"), lastFolder(),
                                                           QStringLiteral("Reading lists (*.json);;All files (*)"));
-        if (!path.isEmpty() && importFrom(path)) QSettings().setValue(QStringLiteral("Reader/listFolder"), QFileInfo(path).absolutePath());
+        if (!path.isEmpty() && importFrom(path)) basic::Settings().setValue(QStringLiteral("Reader/listFolder"), QFileInfo(path).absolutePath());
     });
     txtFilter->installEventFilter(this);
 }

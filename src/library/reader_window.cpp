@@ -72,10 +72,10 @@ public:
         onEntry(view_, QStringLiteral("Notes beside"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M), [this] { notes_->toggle(); });
         onEntry(view_, QStringLiteral("Bookmark"), QKeySequence(Qt::CTRL | Qt::Key_D), [this] { bookmarkDocument(window_, current_); });
         onEntry(view_, QStringLiteral("Bookmarks…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B),
-                [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
+                [] { forms::showOverInput(QStringLiteral("BookmarksWindow")); });
         // The search of the toolbars, from the document being read.
         onEntry(view_, QStringLiteral("Search the library…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
-                [] { showReaderWindow(QStringLiteral("frmTextSearch")); });
+                [] { forms::showOverInput(QStringLiteral("frmTextSearch")); });
     }
 
     const documents::DocumentName& current() const { return current_; }
@@ -173,9 +173,9 @@ void attachToFullViewer(documents::FullViewer* viewer) {
     });
     onEntry(view, QStringLiteral("Bookmark"), QKeySequence(Qt::CTRL | Qt::Key_D), [viewer, sameDocument] { bookmarkDocument(viewer, sameDocument()); });
     onEntry(view, QStringLiteral("Bookmarks…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B),
-            [] { showReaderWindow(QStringLiteral("BookmarksWindow")); });
+            [] { forms::showOverInput(QStringLiteral("BookmarksWindow")); });
     onEntry(view, QStringLiteral("Search the library…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
-            [] { showReaderWindow(QStringLiteral("frmTextSearch")); });
+            [] { forms::showOverInput(QStringLiteral("frmTextSearch")); });
     onEntry(view, QStringLiteral("Note…"), QKeySequence(Qt::CTRL | Qt::Key_M), [viewer, view, sameDocument] {
         const documents::DocumentName d = sameDocument();
         if (addNoteTo(viewer, view, d) && theReader) theReader->notesChanged();

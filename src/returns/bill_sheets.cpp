@@ -9,6 +9,7 @@
 #include "returns/bill_paste.h"
 #include "returns/frm_normal.h"
 #include "returns/module2.h"
+#include "returns/remembered_folders.h"
 #include "returns/return_book.h"
 #include "returns/year_summary.h"
 
@@ -21,7 +22,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPushButton>
-#include <QSettings>
 #include <QShortcut>
 
 namespace returns {
@@ -40,6 +40,9 @@ QString reasonsText(const QStringList& reasons) {
     return shown.join(QLatin1Char('\n'));
 }
 
+// Where the last spreadsheet was opened or saved.
+const QString kSheetsFolderKey = QStringLiteral("sheets");
+
 double figure(const QLabel* label) { return basic::Val(label->text()); }
 double figure(const QLineEdit* box) { return basic::Val(box->text()); }
 
@@ -47,8 +50,6 @@ double figure(const QLineEdit* box) { return basic::Val(box->text()); }
 QString withSuffix(const QString& path) {
     return QFileInfo(path).suffix().isEmpty() ? path + QStringLiteral(".xlsx") : path;
 }
-
-QSettings settings() { return QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan")); }
 
 }  // namespace
 
@@ -149,10 +150,10 @@ QString BillSheets::purchaseKind() const {
 }
 
 QString BillSheets::chooseFile(const QString& title, const QString& name, const QString& filters, bool save) {
-    const QString folder = settings().value(QStringLiteral("sheets/folder"), QDir::homePath()).toString();
+    const QString folder = RememberedFolder(kSheetsFolderKey);
     const QString path = save ? QFileDialog::getSaveFileName(w_, title, QDir(folder).filePath(name), filters)
                               : QFileDialog::getOpenFileName(w_, title, folder, filters);
-    if (!path.isEmpty()) settings().setValue(QStringLiteral("sheets/folder"), QFileInfo(path).absolutePath());
+    if (!path.isEmpty()) RememberFolder(kSheetsFolderKey, QFileInfo(path).absolutePath());
     return path;
 }
 

@@ -35,7 +35,6 @@ public:
 
     // The grid the user works in now: the one whose cell editor had the focus last (purchases at first).
     bool salesSide() const { return sales_; }
-    void setSalesSide(bool sales) { sales_ = sales; }
 
     // Ctrl+V: the copied rows into the current grid from its current cell. False when the clipboard holds
     // at most one cell, which the cell editor pastes as text.

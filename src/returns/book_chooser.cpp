@@ -25,12 +25,6 @@ namespace returns {
 
 namespace {
 const QString kTitle = QStringLiteral("Dealers and years");
-
-QString yearText(int firstYear) {
-    ReturnBook b;
-    b.firstYear = firstYear;
-    return b.yearText();
-}
 }  // namespace
 
 // The dealers of the register with their years, and the ones the words typed so far let through.
@@ -232,7 +226,7 @@ void BookChooser::showYears() {
         const DealerRows::Row& r = rows_->row(i.row());
         for (int y : r.years) {
             const bool open = BookIsOpen() && CurrentBook().tin == r.dealer.tin && CurrentBook().firstYear == y;
-            auto* item = new QListWidgetItem(yearText(y) + (open ? QStringLiteral("  (open)") : QString()), lstYears);
+            auto* item = new QListWidgetItem(YearText(y) + (open ? QStringLiteral("  (open)") : QString()), lstYears);
             item->setData(Qt::UserRole, y);
             if (open) lstYears->setCurrentItem(item);
         }
@@ -361,7 +355,7 @@ void BookChooser::RemoveDealer() {
     if (!dealer) return;
     const QList<int> years = Register().YearsOf(dealer->tin);
     QStringList texts;
-    for (int y : years) texts << yearText(y);
+    for (int y : years) texts << YearText(y);
     const QString question =
         years.isEmpty()
             ? QStringLiteral("Remove %1 from the register?").arg(dealer->name)
@@ -389,7 +383,7 @@ void BookChooser::RemoveDealer() {
 void BookChooser::NameBook() {
     const int year = ChosenYear();
     if (!ChosenTin().isEmpty() || year == 0) return;
-    DealerForm form(Register(), DealerForm::Purpose::Name, Dealer(), yearText(year), this);
+    DealerForm form(Register(), DealerForm::Purpose::Name, Dealer(), YearText(year), this);
     if (form.exec() != QDialog::Accepted) return;
     const basic::RuntimeError e = basic::resume([&] { returns::NameBook(Register(), year, form.saved()); });
     if (e.number() != 0) forms::MsgBox(e.description(), forms::vbExclamation, kTitle);

@@ -4,6 +4,7 @@
 #include "platform/basic/variant.h"
 #include "platform/store/database_file.h"
 #include "platform/store/recordset.h"
+#include "platform/store/transaction.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -46,19 +47,6 @@ Dealer dealerAt(const Recordset& rs) {
 }
 
 basic::RuntimeError refused(const QString& text) { return basic::RuntimeError(5, text, kRegisterSource); }
-
-// The work in one transaction of the register: all of it is stored, or none.
-template <class Work>
-void inTransaction(store::Connection& cn, Work&& work) {
-    cn.BeginTrans();
-    try {
-        work();
-        cn.CommitTrans();
-    } catch (...) {
-        (void)basic::resume([&] { cn.RollbackTrans(); });
-        throw;
-    }
-}
 
 bool isTin(const QString& tin) {
     return tin.size() == 11 && std::all_of(tin.begin(), tin.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
@@ -149,7 +137,7 @@ void DealerRegister::Add(const Dealer& dealer) {
     if (!check.refusal.isEmpty()) throw refused(check.refusal);
     Dealer d = dealer;
     d.tin = d.tin.trimmed();
-    inTransaction(cn_, [&] {
+    store::inTransaction(cn_, [&] {
         Recordset rs;
         rs.Open(QStringLiteral("SELECT * FROM dealers WHERE 0 = 1"), cn_, Recordset::adOpenKeyset, Recordset::adLockOptimistic);
         rs.AddNew();
@@ -164,7 +152,7 @@ void DealerRegister::Update(const QString& tin, const Dealer& dealer) {
     if (!check.refusal.isEmpty()) throw refused(check.refusal);
     Dealer d = dealer;
     d.tin = d.tin.trimmed();
-    inTransaction(cn_, [&] {
+    store::inTransaction(cn_, [&] {
         Recordset rs;
         rs.Open(QStringLiteral("SELECT * FROM dealers WHERE tin = ") + quoted(tin), cn_, Recordset::adOpenKeyset,
                 Recordset::adLockOptimistic);
@@ -176,7 +164,7 @@ void DealerRegister::Update(const QString& tin, const Dealer& dealer) {
 }
 
 void DealerRegister::Put(const Dealer& dealer) {
-    inTransaction(cn_, [&] {
+    store::inTransaction(cn_, [&] {
         Recordset rs;
         rs.Open(QStringLiteral("SELECT * FROM dealers WHERE tin = ") + quoted(dealer.tin), cn_, Recordset::adOpenKeyset,
                 Recordset::adLockOptimistic);
@@ -188,7 +176,7 @@ void DealerRegister::Put(const Dealer& dealer) {
 }
 
 void DealerRegister::Remove(const QString& tin) {
-    inTransaction(cn_, [&] {
+    store::inTransaction(cn_, [&] {
         cn_.Execute(QStringLiteral("DELETE FROM books WHERE tin = ") + quoted(tin));
         cn_.Execute(QStringLiteral("DELETE FROM dealers WHERE tin = ") + quoted(tin));
     });
@@ -198,10 +186,6 @@ void DealerRegister::AddBook(const BookKey& book) {
     cn_.Execute(QStringLiteral("INSERT OR IGNORE INTO books (tin, firstYear) VALUES (%1, %2)")
                     .arg(quoted(book.tin))
                     .arg(book.firstYear));
-}
-
-void DealerRegister::RemoveBook(const BookKey& book) {
-    cn_.Execute(QStringLiteral("DELETE FROM books WHERE tin = %1 AND firstYear = %2").arg(quoted(book.tin)).arg(book.firstYear));
 }
 
 std::vector<BookKey> DealerRegister::Namings() const {
@@ -217,7 +201,7 @@ void DealerRegister::BeginNaming(const BookKey& named) {
 }
 
 void DealerRegister::EndNaming(const BookKey& named) {
-    inTransaction(cn_, [&] {
+    store::inTransaction(cn_, [&] {
         cn_.Execute(QStringLiteral("DELETE FROM books WHERE tin = '' AND firstYear = %1").arg(named.firstYear));
         AddBook(named);
         cn_.Execute(QStringLiteral("DELETE FROM namings WHERE tin = %1 AND firstYear = %2")

@@ -68,7 +68,6 @@ public:
     void Remove(const QString& tin);
 
     void AddBook(const BookKey& book);
-    void RemoveBook(const BookKey& book);
 
     // A book of "Dealer not named" being given to a dealer, recorded before the work begins so that a
     // start after a stop in the middle can finish it.

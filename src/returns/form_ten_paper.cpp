@@ -9,15 +9,12 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGraphicsView>
 #include <QPainter>
+#include <QPrintPreviewWidget>
+#include <QToolBar>
 #include <QPdfWriter>
 #include <QPrintDialog>
-#include <QPrintPreviewWidget>
 #include <QSaveFile>
-#include <QScrollBar>
-#include <QToolBar>
-#include <QVBoxLayout>
 
 namespace returns {
 
@@ -71,36 +68,39 @@ int WriteFormTenPdf(const FormTenMonth& month, const QString& path) {
     return pages;
 }
 
-FormTenPreview::FormTenPreview(QWidget* parent) : QWidget(parent, Qt::Window), printer_(QPrinter::HighResolution) {
-    setWindowTitle(QStringLiteral("Form No. 10"));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    toolBar = new QToolBar(this);
-    view = new QPrintPreviewWidget(&printer_, this);
-    layout->addWidget(toolBar);
-    layout->addWidget(view, 1);
-    actPrint = toolBar->addAction(QStringLiteral("&Print..."), this, [this] {
-        QPrinter printer(QPrinter::HighResolution);
-        QPrintDialog dialog(&printer, this);
-        if (dialog.exec() == QDialog::Accepted) printOn(&printer);
-    });
+void PrintFormTen(const FormTenMonth& month, QWidget* over) {
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, over);
+    if (dialog.exec() == QDialog::Accepted) PaintFormTen(month, &printer);
+}
+
+QString AskFormTenPdfPath(const FormTenMonth& month, QWidget* over) {
+    return QFileDialog::getSaveFileName(over, QStringLiteral("Save the return as PDF"),
+                                        RememberedFolder(kPdfFolderKey) + QLatin1Char('/') + FormTenPdfName(month),
+                                        QStringLiteral("PDF files (*.pdf)"));
+}
+
+bool SaveFormTenPdf(const FormTenMonth& month, const QString& path) {
+    const basic::RuntimeError e = basic::resume([&] { WriteFormTenPdf(month, path); });
+    if (e.number() != 0) {
+        forms::MsgBox(e.description(), forms::vbExclamation, QStringLiteral("Not saved"));
+        return false;
+    }
+    RememberFolder(kPdfFolderKey, QFileInfo(path).absolutePath());
+    return true;
+}
+
+FormTenPreview::FormTenPreview(QWidget* parent) : PagePreview(QStringLiteral("Form No. 10"), parent) {
+    actPrint = toolBar->addAction(QStringLiteral("&Print..."), this, [this] { PrintFormTen(month_, this); });
     actPrint->setShortcut(QKeySequence::Print);
     actSavePdf = toolBar->addAction(QStringLiteral("Save as P&DF..."), this, [this] {
-        const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save the return as PDF"),
-                                                          RememberedFolder(kPdfFolderKey) + QLatin1Char('/') + FormTenPdfName(month_),
-                                                          QStringLiteral("PDF files (*.pdf)"));
-        if (!path.isEmpty() && savePdf(path)) RememberFolder(kPdfFolderKey, QFileInfo(path).absolutePath());
+        const QString path = AskFormTenPdfPath(month_, this);
+        if (!path.isEmpty()) savePdf(path);
     });
     toolBar->addSeparator();
-    toolBar->addAction(QStringLiteral("Zoom in"), view, [this] { view->zoomIn(); });
-    toolBar->addAction(QStringLiteral("Zoom out"), view, [this] { view->zoomOut(); });
-    toolBar->addAction(QStringLiteral("Page width"), view, [this] { view->fitToWidth(); });
+    addZoomActions(false);
     toolBar->addSeparator();
-    QAction* close = toolBar->addAction(QStringLiteral("&Close"), this, [this] { this->close(); });
-    close->setShortcut(Qt::Key_Escape);
-    connect(view, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) { PaintFormTen(month_, printer); });
-    resize(900, 1000);
+    addCloseAction(QStringLiteral("&Close"))->setShortcut(Qt::Key_Escape);
 }
 
 void FormTenPreview::setMonth(const FormTenMonth& month) {
@@ -108,19 +108,13 @@ void FormTenPreview::setMonth(const FormTenMonth& month) {
     setWindowTitle(QStringLiteral("Form No. 10 - ") + month.month + QLatin1Char(' ') + QString::number(month.year));
     view->updatePreview();
     view->fitToWidth();
-    view->setCurrentPage(1);
-    if (auto* pages = view->findChild<QGraphicsView*>()) pages->verticalScrollBar()->setValue(pages->verticalScrollBar()->minimum());
+    showTop();
 }
 
 int FormTenPreview::pageCount() const { return view->pageCount(); }
 
 void FormTenPreview::printOn(QPrinter* printer) { PaintFormTen(month_, printer); }
 
-bool FormTenPreview::savePdf(const QString& path) {
-    const basic::RuntimeError e = basic::resume([&] { WriteFormTenPdf(month_, path); });
-    if (e.number() == 0) return true;
-    forms::MsgBox(e.description(), forms::vbExclamation, QStringLiteral("Not saved"));
-    return false;
-}
+bool FormTenPreview::savePdf(const QString& path) { return SaveFormTenPdf(month_, path); }
 
 }  // namespace returns

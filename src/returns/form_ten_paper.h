@@ -1,14 +1,10 @@
 #pragma once
 // Form No. 10 on paper: the pages painted on a printer or into a PDF file, and the print preview
 // from which the user prints it or saves it as PDF.
+#include "platform/reports/page_preview.h"
 #include "returns/form_ten_store.h"
 
-#include <QPrinter>
-#include <QWidget>
-
 class QPagedPaintDevice;
-class QPrintPreviewWidget;
-class QToolBar;
 class QAction;
 
 namespace returns {
@@ -29,16 +25,21 @@ int PaintFormTen(const FormTenMonth& month, QPagedPaintDevice* device);
 // written (a folder without leave, a full disk) raises error 75 naming it, and leaves no file behind.
 int WriteFormTenPdf(const FormTenMonth& month, const QString& path);
 
+// Print and Save as PDF, the same from the form's window and from its preview. The print dialog, then the
+// pages on the printer chosen; the save dialog in the folder last saved to, under FormTenPdfName.
+void PrintFormTen(const FormTenMonth& month, QWidget* over);
+QString AskFormTenPdfPath(const FormTenMonth& month, QWidget* over);
+// The PDF written to the path and its folder remembered; a box saying why when it cannot be.
+bool SaveFormTenPdf(const FormTenMonth& month, const QString& path);
+
 // The print preview: the pages as they print, with Print and Save as PDF.
-class FormTenPreview : public QWidget {
+class FormTenPreview : public reports::PagePreview {
     Q_OBJECT
 public:
     explicit FormTenPreview(QWidget* parent = nullptr);
     void setMonth(const FormTenMonth& month);
     int pageCount() const;
 
-    QPrintPreviewWidget* view = nullptr;
-    QToolBar* toolBar = nullptr;
     QAction* actPrint = nullptr;
     QAction* actSavePdf = nullptr;
 
@@ -48,7 +49,8 @@ public:
     bool savePdf(const QString& path);
 
 private:
-    QPrinter printer_;
+    void paintPages(QPrinter* printer) override { printOn(printer); }
+
     FormTenMonth month_;
 };
 

@@ -3,6 +3,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/indian_amount.h"
 #include "platform/basic/runtime_error.h"
+#include "platform/store/transaction.h"
 #include "returns/book_store.h"
 #include "returns/log.h"
 #include "returns/module2.h"
@@ -244,8 +245,7 @@ void SaveFormTen(const FormTenMonth& month) {
     ComputeFormTen(v);
 
     store::Connection cn = OpenBookStore();
-    cn.BeginTrans();
-    try {
+    store::inTransaction(cn, [&] {
         if (!cn.TableNames().contains(kFormTenTypedTable, Qt::CaseInsensitive))
             cn.Execute(QStringLiteral("CREATE TABLE ") + kFormTenTypedTable +
                        QStringLiteral(" (cCode TEXT COLLATE NOCASE, cYear TEXT COLLATE NOCASE, cRPFrom TEXT COLLATE NOCASE, "
@@ -269,11 +269,7 @@ void SaveFormTen(const FormTenMonth& month) {
         for (auto it = pageSets.cbegin(); it != pageSets.cend(); ++it)
             cn.Execute(QStringLiteral("UPDATE ") + it.key() + QStringLiteral(" SET ") + it.value().join(QStringLiteral(", ")) +
                        keyFilter(month.month, QStringLiteral("cRPFrom")));
-        cn.CommitTrans();
-    } catch (...) {
-        ignore([&] { cn.RollbackTrans(); });
-        throw;
-    }
+    });
 }
 
 }  // namespace returns

@@ -9,7 +9,6 @@
 #include "returns/log.h"
 #include "returns/form_ten_paper.h"
 #include "returns/frm_normal.h"
-#include "returns/remembered_folders.h"
 #include "returns/store_work.h"
 #include "returns/return_book.h"
 
@@ -17,14 +16,12 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
@@ -274,15 +271,9 @@ FormTenWindow::FormTenWindow(QWidget* parent) : QWidget(parent) {
 
     connect(cmdSave, &QPushButton::clicked, this, [this] { save(); });
     connect(cmdPreview, &QPushButton::clicked, this, [this] { preview(); });
-    connect(cmdPrint, &QPushButton::clicked, this, [this] {
-        QPrinter printer(QPrinter::HighResolution);
-        QPrintDialog dialog(&printer, this);
-        if (dialog.exec() == QDialog::Accepted) printOn(&printer);
-    });
+    connect(cmdPrint, &QPushButton::clicked, this, [this] { PrintFormTen(month_, this); });
     connect(cmdPdf, &QPushButton::clicked, this, [this] {
-        const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save the return as PDF"),
-                                                          RememberedFolder(kPdfFolderKey) + QLatin1Char('/') + FormTenPdfName(month_),
-                                                          QStringLiteral("PDF files (*.pdf)"));
+        const QString path = AskFormTenPdfPath(month_, this);
         if (!path.isEmpty()) savePdf(path);
     });
     connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
@@ -297,7 +288,7 @@ FormTenWindow::FormTenWindow(QWidget* parent) : QWidget(parent) {
     resize(1100, 860);
 }
 
-FormTenWindow::~FormTenWindow() { delete preview_; }
+FormTenWindow::~FormTenWindow() = default;
 
 QString FormTenWindow::startingMonth() const {
     // The month the return window shows, when it is open; else the month of today, as it starts with.
@@ -458,21 +449,14 @@ bool FormTenWindow::save() {
 }
 
 void FormTenWindow::preview() {
-    if (!preview_) preview_ = new FormTenPreview;
+    if (!preview_) preview_ = std::make_unique<FormTenPreview>();
     preview_->setMonth(month_);
     preview_->showMaximized();
     preview_->activateWindow();
 }
 
-void FormTenWindow::printOn(QPrinter* printer) { PaintFormTen(month_, printer); }
-
 bool FormTenWindow::savePdf(const QString& path) {
-    const basic::RuntimeError e = basic::resume([&] { WriteFormTenPdf(month_, path); });
-    if (e.number() != 0) {
-        forms::MsgBox(e.description(), forms::vbExclamation, QStringLiteral("Not saved"));
-        return false;
-    }
-    RememberFolder(kPdfFolderKey, QFileInfo(path).absolutePath());
+    if (!SaveFormTenPdf(month_, path)) return false;
     lblSaved->setText(QStringLiteral("Saved as ") + QDir::toNativeSeparators(path));
     return true;
 }

@@ -95,8 +95,7 @@ public:
     // or edited); the typed boxes stay.
     void TakeTheBookAgain();
     void preview();
-    FormTenPreview* previewWindow() const { return preview_; }
-    void printOn(QPrinter* printer);
+    FormTenPreview* previewWindow() const { return preview_.get(); }
     bool savePdf(const QString& path);
 
 protected:
@@ -117,7 +116,7 @@ private:
     FormTenMonth month_;
     FormTenMonth read_;   // the month as last read from the book, before anything was typed
     bool unsaved_ = false;
-    FormTenPreview* preview_ = nullptr;
+    std::unique_ptr<FormTenPreview> preview_;
 };
 
 }  // namespace returns

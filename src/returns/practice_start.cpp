@@ -7,6 +7,7 @@
 #include "platform/store/database_file.h"
 #include "platform/store/errors.h"
 #include "platform/store/recordset.h"
+#include "platform/basic/settings.h"
 #include "returns/log.h"
 #include "returns/return_books.h"
 #include "returns/return_schema.h"
@@ -14,7 +15,6 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <QSettings>
 #include <cstdio>
 
 namespace returns {
@@ -78,8 +78,7 @@ void TakeInOldFiles(DealerRegister& reg, const QStringList& folders) {
             }
         }
         reg.AddBook(key);
-        QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan"))
-            .setValue(QStringLiteral("returns/lastBook"), QStringLiteral("/") + QString::number(key.firstYear));
+        basic::Settings().setValue(QStringLiteral("returns/lastBook"), QStringLiteral("/") + QString::number(key.firstYear));
     }
     reg.SetSetting(kTakenIn, source.isEmpty() ? QStringLiteral("none") : source);
 }

@@ -21,6 +21,9 @@ struct ReturnBook {
     int calendarYear(int month) const;
 };
 
+// "2025-26" for the year that begins in April 2025.
+QString YearText(int firstYear);
+
 // The financial year a date falls in: 2025 for any day from 1 April 2025 to 31 March 2026.
 int FinancialYearOf(int year, int month);
 

@@ -6,6 +6,8 @@
 #include "platform/store/connection.h"
 #include "platform/store/errors.h"
 #include "platform/store/recordset.h"
+#include "platform/store/transaction.h"
+#include "platform/basic/settings.h"
 #include "returns/log.h"
 #include "returns/module2.h"
 #include "returns/return_schema.h"
@@ -14,7 +16,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSettings>
 #include <memory>
 
 namespace returns {
@@ -36,16 +37,9 @@ std::unique_ptr<DealerRegister>& registerSlot() {
     return reg;
 }
 
-QString yearText(int firstYear) {
-    ReturnBook b;
-    b.firstYear = firstYear;
-    return b.yearText();
-}
-
 // The lock file of a book: held by the program that has the book open, for as long as it has it.
 QString lockFile(const QString& folder) { return QDir(folder).filePath(QStringLiteral("open.lock")); }
 
-QSettings settings() { return QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan")); }
 
 
 QString why(const basic::RuntimeError& e) {
@@ -60,8 +54,7 @@ void rowsTakeDealer(const QString& folder, const Dealer& dealer) {
     store::Connection cn;
     cn.Open(QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};Dbq=") + folder + QStringLiteral("\\nwForm10DB.mdb"));
     const auto text = [](const QString& t) { return QLatin1Char('\'') + QString(t).replace(QStringLiteral("'"), QStringLiteral("''")) + QLatin1Char('\''); };
-    cn.BeginTrans();
-    try {
+    store::inTransaction(cn, [&] {
         for (const ReturnTable& table : ReturnSchema()) {
             bool address = false, page = false;
             for (const ReturnColumn& c : table.columns) {
@@ -88,11 +81,7 @@ void rowsTakeDealer(const QString& folder, const Dealer& dealer) {
                 cn.Execute(QStringLiteral("UPDATE ") + name + QStringLiteral(" SET cCode = ") + text(dealer.tin) +
                            QStringLiteral(" WHERE (cCode = '' OR cCode IS NULL)"));
         }
-        cn.CommitTrans();
-    } catch (...) {
-        (void)basic::resume([&] { cn.RollbackTrans(); });
-        throw;
-    }
+    });
     cn.Close();
 }
 
@@ -102,7 +91,7 @@ void finishNaming(DealerRegister& reg, const BookKey& named) {
     if (!dealer) throw basic::RuntimeError(5, QStringLiteral("The dealer with the TIN %1 is not in the register.").arg(named.tin));
     if (QFileInfo(from).isDir()) {
         if (QFileInfo::exists(to))
-            throw basic::RuntimeError(58, QStringLiteral("%1 has a book of %2 already.").arg(dealer->name, yearText(named.firstYear)));
+            throw basic::RuntimeError(58, QStringLiteral("%1 has a book of %2 already.").arg(dealer->name, YearText(named.firstYear)));
         rowsTakeDealer(from, *dealer);
         QDir().mkpath(QFileInfo(to).path());
         if (!QDir().rename(from, to))
@@ -121,7 +110,7 @@ QString BooksFolder() { return QDir(basic::UserPath()).filePath(QStringLiteral("
 
 QString BookFolder(const BookKey& key) {
     return BooksFolder() + QLatin1Char('/') + (key.tin.isEmpty() ? QStringLiteral("unnamed") : key.tin) +
-           QLatin1Char('/') + yearText(key.firstYear);
+           QLatin1Char('/') + YearText(key.firstYear);
 }
 
 QString RemovedFolder() { return BooksFolder() + QStringLiteral("/removed"); }
@@ -207,7 +196,7 @@ QString OpenBook(const ReturnBook& book) {
     DealerTIN = book.tin;
     DealerName = ForStatements(book.dealerName);
     DealerCST = book.cst;
-    settings().setValue(QStringLiteral("returns/lastBook"), book.tin + QLatin1Char('/') + QString::number(book.firstYear));
+    basic::Settings().setValue(QStringLiteral("returns/lastBook"), book.tin + QLatin1Char('/') + QString::number(book.firstYear));
     return QString();
 }
 
@@ -245,7 +234,7 @@ const ReturnBook& CurrentBook() {
 }
 
 std::optional<BookKey> LastBook(const DealerRegister& reg) {
-    const QString last = settings().value(QStringLiteral("returns/lastBook")).toString();
+    const QString last = basic::Settings().value(QStringLiteral("returns/lastBook")).toString();
     if (!last.contains(u'/')) return std::nullopt;
     const BookKey key{last.section(u'/', 0, 0), last.section(u'/', 1).toInt()};
     if (!reg.YearsOf(key.tin).contains(key.firstYear)) return std::nullopt;
@@ -256,7 +245,7 @@ void NameBook(DealerRegister& reg, int firstYear, const Dealer& dealer) {
     const BookKey named{dealer.tin, firstYear};
     if (reg.YearsOf(dealer.tin).contains(firstYear))
         throw basic::RuntimeError(58, QStringLiteral("%1 has a book of %2 already; a book of \"%3\" cannot become it.")
-                                          .arg(dealer.name, yearText(firstYear), kDealerNotNamed));
+                                          .arg(dealer.name, YearText(firstYear), kDealerNotNamed));
     const ReturnBook unnamed = BookOf(Dealer{}, firstYear);
     const bool wasOpen = BookIsOpen() && CurrentBook().folder == unnamed.folder;
     if (OpenElsewhere(unnamed)) throw basic::RuntimeError(5, OpenElsewhereText(unnamed) + QLatin1Char('.'));

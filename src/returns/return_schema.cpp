@@ -5,6 +5,7 @@
 #include "platform/store/connection.h"
 #include "platform/store/database_file.h"
 #include "platform/store/errors.h"
+#include "platform/store/transaction.h"
 #include "returns/log.h"
 
 #include <QDir>
@@ -184,14 +185,9 @@ void completeTables(const QString& connection) {
     for (size_t t = 0; t < ReturnSchema().size(); ++t)
         if (!present.contains(ReturnSchema()[t].name, Qt::CaseInsensitive)) missing << sql[qsizetype(t)];
     if (!missing.isEmpty()) {
-        cn.BeginTrans();
-        try {
+        store::inTransaction(cn, [&] {
             for (const QString& statement : missing) cn.Execute(statement);
-            cn.CommitTrans();
-        } catch (...) {
-            ignore([&] { cn.RollbackTrans(); });
-            throw;
-        }
+        });
     }
     cn.Close();
 }

@@ -1,23 +1,17 @@
 #include "shell/library_search_action.h"
 
+#include "platform/forms/drawn_icon.h"
 #include "platform/forms/runtime_errors.h"
 #include "platform/forms/window_registry.h"
 
 #include <QAction>
 #include <QPainter>
-#include <QPainterPath>
 #include <QToolBar>
 
 namespace shell {
 
 QIcon magnifierIcon() {
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48}) {
-        QPixmap picture(size, size);
-        picture.fill(Qt::transparent);
-        QPainter p(&picture);
-        p.setRenderHint(QPainter::Antialiasing);
-        const qreal s = size / 32.0;
+    return forms::drawnIcon([](QPainter& p, qreal s) {
         // A large lens over three lines of words: the words of the library, not a page of it.
         p.setPen(QPen(QColor(0xc0, 0x84, 0x1a), 5.5 * s, Qt::SolidLine, Qt::RoundCap));
         p.drawLine(QPointF(21 * s, 21 * s), QPointF(29 * s, 29 * s));
@@ -28,10 +22,7 @@ QIcon magnifierIcon() {
         p.drawLine(QPointF(8 * s, 9.5 * s), QPointF(18 * s, 9.5 * s));
         p.drawLine(QPointF(7 * s, 13.5 * s), QPointF(19 * s, 13.5 * s));
         p.drawLine(QPointF(8 * s, 17.5 * s), QPointF(15 * s, 17.5 * s));
-        p.end();
-        icon.addPixmap(picture);
-    }
-    return icon;
+    });
 }
 
 QAction* addLibrarySearch(QToolBar* toolbar) {
@@ -40,12 +31,7 @@ QAction* addLibrarySearch(QToolBar* toolbar) {
     search->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
     search->setShortcutContext(Qt::WindowShortcut);
     QObject::connect(search, &QAction::triggered, toolbar, [] {
-        forms::guard([] {
-            QWidget* window = forms::get(QStringLiteral("frmTextSearch"));
-            window->show();
-            window->raise();
-            window->activateWindow();
-        });
+        forms::guard([] { forms::showOverInput(QStringLiteral("frmTextSearch")); });
     });
     toolbar->addSeparator();
     toolbar->addAction(search);

@@ -3,6 +3,7 @@
 #include "faults.h"
 #include "platform/forms/list_box.h"
 #include "returns/return_books.h"
+#include "support/case_name.h"
 
 #include <QStandardPaths>
 #include <random>
@@ -132,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(LockCase{"ShortLockWaitedOut", 800, false, ""},
                       LockCase{"LongLockNamesTheFile", 2600, false, "Another program is using the return file "},
                       LockCase{"LongLockNamesTheBook", 2600, true, "Malabar Agencies 2025-26 is open in another Vorlan window."}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 std::vector<QStringList> cells(const forms::FlexGrid* grid) {
     std::vector<QStringList> rows(size_t(grid->Rows()));

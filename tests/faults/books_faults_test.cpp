@@ -4,9 +4,10 @@
 #include "returns/practice_copy.h"
 #include "returns/practice_start.h"
 #include "returns/return_books.h"
+#include "platform/basic/settings.h"
+#include "support/case_name.h"
 
 #include <QDirIterator>
-#include <QSettings>
 #include <QStandardPaths>
 
 namespace {
@@ -19,7 +20,7 @@ class BooksUnderFaults : public ::testing::Test {
 protected:
     void SetUp() override {
         QStandardPaths::setTestModeEnabled(true);
-        QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan")).remove(QStringLiteral("returns"));
+        basic::Settings().remove(QStringLiteral("returns"));
     }
     void TearDown() override {
         ResetRegister();
@@ -72,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(Books, SecondProgram,
                                            SecondCase{"ItsHolderWasKilled", {kBook.tin, "2025", "60000"}, true, true, false},
                                            SecondCase{"LockedPastTheWait", {"2600"}, false, false, true},
                                            SecondCase{"LockedLessThanTheWait", {"800"}, false, false, false}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 // A full disk while a new book is made leaves no part of it, and no book in the register; with room
 // again the same book is made.

@@ -3,6 +3,7 @@
 // typed stays on the form to be saved again, and the book holds nothing of the save.
 #include "faults.h"
 #include "returns/form_ten_view.h"
+#include "support/case_name.h"
 
 #include <QLineEdit>
 
@@ -64,6 +65,6 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Saving{"Locked", Fault::Locked, "another program is using the return file"},
                       Saving{"ReadOnly", Fault::ReadOnly, "may not be written"},
                       Saving{"DiskFull", Fault::DiskFull, "the disk is full"}),
-    [](const ::testing::TestParamInfo<Saving>& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace

@@ -2,6 +2,7 @@
 // file that may not be written, a damaged file. Each press ends in its button's failure box, worded by
 // the kind of fault, the bills stay on the screen, and the store keeps what it held.
 #include "faults.h"
+#include "support/case_name.h"
 
 namespace {
 
@@ -80,6 +81,6 @@ INSTANTIATE_TEST_SUITE_P(
                       Press{"AddDamaged", &returns::frmNormal::cmdAdd_Click, Fault::Damaged, "Not saved", kDamaged},
                       Press{"DeleteDamaged", &returns::frmNormal::cmdDelete_Click, Fault::Damaged, "Not deleted", kDamaged},
                       Press{"ExportDamaged", &returns::frmNormal::cmdExport_Click, Fault::Damaged, "Not exported", kDamaged}),
-    [](const ::testing::TestParamInfo<Press>& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace

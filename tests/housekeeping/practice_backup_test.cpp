@@ -3,17 +3,18 @@
 #include "housekeeping/frm_back_up_restore.h"
 
 #include "platform/basic/app_path.h"
+#include "platform/basic/settings.h"
 #include "platform/forms/msgbox.h"
 #include "platform/system/drives.h"
 #include "returns/module2.h"
 #include "returns/return_books.h"
 #include "returns/return_schema.h"
+#include "support/case_name.h"
 #include "support/printers.h"
 #include "support/sqlite_rows.h"
 
 #include <QDirIterator>
 #include <QPushButton>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -53,7 +54,7 @@ class PracticeBackup : public ::testing::Test {
 protected:
     void SetUp() override {
         QStandardPaths::setTestModeEnabled(true);
-        QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan")).remove(QStringLiteral("returns"));
+        basic::Settings().remove(QStringLiteral("returns"));
         user = root.filePath("user");
         drive.root = root.filePath("stick") + "/";
         QDir().mkpath(user);
@@ -146,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(RestoreCase{"EveryBookAfterTheDataFolderIsGone", "", true, {}, {kNotFound}},
                       RestoreCase{"EveryBookWithAnotherBookOpen", "", false, {"32089876543", 2025}, {kNotFound}},
                       RestoreCase{"OneDealerOthersKeepTheirChanges", "32089876543", false, {"32089876543", 2025}, {kRestored}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // A backup of the version before holds the loose files alone: they go to "Dealer not named" of the year of
 // their last date, and the book open now keeps its months.

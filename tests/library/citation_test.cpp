@@ -1,6 +1,7 @@
 // Copy with citation: Ctrl+Shift+C puts the chosen passage and its source on the clipboard, as plain
 // text and as HTML, for each kind of document the library holds and for the user's own.
 #include "reader_fixture.h"
+#include "support/case_name.h"
 
 #include "library/my_documents.h"
 
@@ -67,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, Citation, ::testing::Values(
     CitationCase{"NothingChosenCopiesTheCitationAlone", "Kerala:3", "", "— Circular No. 12/2006 dated 14-03-2006, Kerala VAT"},
     CitationCase{"TheUsersOwnCircular", "mine", "E-way bills are needed",
                  "E-way bills are needed\n— Circular No. 45/2024 dated 02-01-2024, Kerala VAT"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace reader_test

@@ -1,5 +1,6 @@
 // FilterRec on a list of every class of field: the filter each text gives, the boxes, the half-typed words.
 #include "library_window_fixture.h"
+#include "support/case_name.h"
 
 using library::frmGlobalSections;
 
@@ -79,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
                       FilterCase{"DateHalfTyped", 5, "Dec-19x", "0", 3, ""},
                       FilterCase{"Date", 5, "18-Dec-1982", "Day>=#18/Dec/1982# AND Day<#19/Dec/1982# ", 2, ""},
                       FilterCase{"LongBinary", 6, "anything", "0", 3, ""}),
-    [](const ::testing::TestParamInfo<FilterCase>& info) { return std::string(info.param.name); });
+    CaseName());
 
 TEST_F(FilterRecTest, ClearingShowsTheWholeListRebound) {
     w->setSearchColumnIndex(3);

@@ -5,6 +5,8 @@
 
 #include "library/document_guess.h"
 #include "library/my_documents.h"
+#include "support/case_name.h"
+#include "support/made_pdfs.h"
 #include "support/screens.h"
 
 #include <QApplication>
@@ -20,22 +22,11 @@ namespace {
 
 const char kCircular[] = "{\\rtf1\\ansi Circular No. 9/2024\\par Dated 05-02-2024\\par Turmeric bought from farmers bears no tax.\\par}";
 
-QByteArray pdfOf(const QString& text) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    QTextDocument document;
-    document.setPlainText(text);
-    document.print(&writer);
-    return bytes;
-}
-
 // The files of a folder by name: each maker writes one.
 void makeFile(const QDir& folder, const QString& name) {
     const QString path = folder.filePath(name);
     if (name == "circular.rtf" || name == "copy.rtf") writeFile(path, kCircular);
-    else if (name == "notification.pdf") writeFile(path, pdfOf("NOTIFICATION\nS.R.O. No. 12/2024\nDated 01-03-2024\nCardamom is exempt."));
+    else if (name == "notification.pdf") writeFile(path, pdfOfText("NOTIFICATION\nS.R.O. No. 12/2024\nDated 01-03-2024\nCardamom is exempt."));
     else if (name == "minutes.txt") writeFile(path, "Minutes of the meeting on e-way bills\nThe dealers asked for more time.\n");
     else if (name == "picture.png") writeFile(path, QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16));
     else if (name == "damaged.pdf") writeFile(path, "%PDF-1.4\n1 0 obj << /Type /Catalog >> garbage");
@@ -102,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, MyDocumentsFolder, ::testing::Values(
                "turmeric", 1},
     FolderCase{"CancelledAfterTheFirstFile", "circular.rtf minutes.txt notification.pdf", true,
                "1 document added. Adding was cancelled; the files after these were not read.", "cardamom OR turmeric OR dealers", 1}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 struct GuessCase {
     const char* name;
@@ -131,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, Guess, ::testing::Values(
     GuessCase{"AMalayalamDate", "സർക്കുലർ 5/2012\nതീയതി 05-02-2012\nചെറുകിട വ്യാപാരികൾ", "Circular", "സർക്കുലർ 5/2012", "5/2012", "2012-02-05"},
     GuessCase{"NothingToGoBy", "Minutes of the meeting\nThe dealers asked for time.", "Other", "Minutes of the meeting", "", ""},
     GuessCase{"NoLineAtAll", "\n \n", "Other", "file", "", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 struct RemoveCase {
     const char* name;
@@ -162,7 +153,7 @@ TEST_P(Removing, DeleteAsksOnce) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Reader, Removing, ::testing::Values(RemoveCase{"Yes", forms::vbYes, 1, 0}, RemoveCase{"No", forms::vbNo, 2, 1}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 }  // namespace
 }  // namespace reader_test
@@ -205,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, ChangingWhatWasGuessed, ::testing::Values(
     ChangeCase{"ADayThatIsNot", Col::colDate, "31-02-2024", "", 1, "dealers"},
     ChangeCase{"ANewTitleIsSearched", Col::colTitle, "Way bills to Palakkad", "Way bills to Palakkad", 0, "palakkad"},
     ChangeCase{"NoTitleAtAll", Col::colTitle, " ", "Minutes of the meeting on e-way bills", 1, "minutes"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace reader_test

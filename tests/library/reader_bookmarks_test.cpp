@@ -2,6 +2,7 @@
 // reading list exported by one reader and imported by another.
 #include "reader_fixture.h"
 #include "platform/documents/full_viewer.h"
+#include "support/case_name.h"
 #include "support/screens.h"
 
 #include <QLineEdit>
@@ -70,7 +71,7 @@ TEST_P(ReadingList, AnotherReaderImportsWhatOneExported) {
 
     QTemporaryDir second;   // the other reader's folder and settings, as on another machine
     basic::SetFolders(readerLibrary(), second.path());
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, second.path());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, second.path());
     mark(QString::fromUtf8(c.already));
     boxes.clear();
     const bool imported = window()->importFrom(list);
@@ -90,7 +91,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, ReadingList, ::testing::Values(
              "6 — Levy of tax | Circulars:  | Mine: Circular 12/2006 — Input tax credit on capital goods"},
     ListCase{"AMalayalamFolder", "S:പട്ടിക", "2", "", 1, "Rule 9 — Returns | പട്ടിക: First Schedule - Exempted goods"},
     ListCase{"AFileThatIsNoReadingList", "1", "2", "{\"bookmarks\": 7}", 0, "Rule 9 — Returns"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 struct FilterCase {
     const char* name;
@@ -127,7 +128,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, BookmarkFilter, ::testing::Values(
     FilterCase{"TheFolderName", "circulars", "35"},
     FilterCase{"TheKind", "judgement", "J"},
     FilterCase{"NothingFound", "cess", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 struct KeyCase {
     const char* name;
@@ -161,7 +162,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, ReaderKeys,
                                            KeyCase{"BookmarksInTheFullViewer", true, Qt::Key_B, "BookmarksWindow"},
                                            KeyCase{"SearchInTheDocumentWindow", false, Qt::Key_F, "frmTextSearch"},
                                            KeyCase{"SearchInTheFullViewer", true, Qt::Key_F, "frmTextSearch"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 class ReaderMenu : public Bookmarks, public ::testing::TestWithParam<bool> {};
 

@@ -1,6 +1,8 @@
 // The reader's file damaged or missing at the start: the program starts without bookmarks, says so once,
 // and keeps a damaged file aside, whole.
 #include "reader_fixture.h"
+#include "platform/basic/settings.h"
+#include "support/case_name.h"
 
 #include <QDir>
 
@@ -23,7 +25,7 @@ TEST_P(ReaderFile, TheProgramStartsAndSaysSoOnce) {
         documents::ReaderStore earlier(path);   // a reader's file of an earlier run, with a bookmark
         earlier.addBookmark({kCircular12, QStringLiteral("Circular 12/2006"), QStringLiteral("Circular")});
     }
-    QSettings().setValue(QStringLiteral("Reader/fileMade"), c.file != FileCase::MissingAtFirst);
+    basic::Settings().setValue(QStringLiteral("Reader/fileMade"), c.file != FileCase::MissingAtFirst);
     QByteArray before;
     if (c.file == FileCase::Garbage) writeFile(path, "These are not the pages of a database, though the name says so.");
     if (c.file == FileCase::Truncated) {
@@ -69,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, ReaderFile, ::testing::Values(
     FileCase{"CutShort", FileCase::Truncated, 0, "The file of your bookmarks, notes and history was damaged"},
     FileCase{"MissingAfterAnEarlierRun", FileCase::MissingAfterMade, 0, "The file of your bookmarks, notes and history is missing"},
     FileCase{"MissingAtTheFirstStart", FileCase::MissingAtFirst, 0, ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace reader_test

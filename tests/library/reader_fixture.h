@@ -2,9 +2,6 @@
 // A small library of long documents of each kind, built here once, with the index entries that number
 // them; the document window with the reader's keys, the reader's windows and the search registered as
 // app/ registers them; the user's folder and settings of each test's own.
-#include "library/frm_text_search.h"
-#include "library/keralaforms.h"
-#include "library/my_documents_window.h"
 #include "library/reader.h"
 #include "library/reader_bookmarks.h"
 #include "library/reader_documents.h"
@@ -16,6 +13,7 @@
 #include "shell/my_mod.h"
 #include "source.h"
 #include "support/printers.h"
+#include "support/reader_windows.h"
 #include "writer.h"
 
 #include <QLabel>
@@ -84,18 +82,10 @@ inline const QString kSection6 = QStringLiteral("Kerala:1"), kRule9 = QStringLit
 class ReaderFixture {
 protected:
     ReaderFixture() {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, user.path());
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, user.path());
         basic::SetFolders(readerLibrary(), user.path());
         shell::InitLibraryStore();
-        forms::define(QStringLiteral("keralaforms"), [] {
-            auto* w = new library::keralaforms;
-            library::attachReader(w);
-            return w;
-        });
-        forms::define(QStringLiteral("frmkerala"), [] { return new QWidget; });
-        forms::define(QStringLiteral("BookmarksWindow"), [] { return new library::BookmarksWindow; });
-        forms::define(QStringLiteral("MyDocumentsWindow"), [] { return new library::MyDocumentsWindow; });
-        forms::define(QStringLiteral("frmTextSearch"), [] { return new library::frmTextSearch; });
+        defineReaderWindows();
     }
     ~ReaderFixture() {
         forms::reset();

@@ -4,6 +4,7 @@
 
 #include "library/frm_text_search.h"
 #include "platform/documents/view_place.h"
+#include "support/case_name.h"
 #include "support/screens.h"
 
 #include <QMenu>
@@ -64,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, History, ::testing::Values(
     HistoryCase{"StepsStopAtBothEnds", "1 < < 2 > >", '2', "2 1"},
     HistoryCase{"TheSameDocumentAgainIsNoStep", "1 1 2 < <", '1', "1 2"},
     HistoryCase{"AJudgementAndASchedule", "J S 1 < <", 'J', "J S 1"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 struct PlaceCase {
     const char* name;
@@ -115,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, Place, ::testing::Values(
     PlaceCase{"TextAfterAltLeft", '2', PlaceCase::AltLeft},
     PlaceCase{"RtfAfterTheWindowWasClosed", '3', PlaceCase::ClosedAndOpenedAgain},
     PlaceCase{"ASearchHitBeforeThePlace", '3', PlaceCase::SearchHitOpened}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace reader_test

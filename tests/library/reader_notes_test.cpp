@@ -4,6 +4,7 @@
 #include "reader_fixture.h"
 
 #include "library/reader_notes.h"
+#include "support/case_name.h"
 #include "support/screens.h"
 
 #include <QApplication>
@@ -114,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, Notes, ::testing::Values(
     NoteCase{"TheNewWordsOfAChangedNote", "Kerala:2", "", "old words", NoteCase::Changed, "bills", "Note|note:1"},
     NoteCase{"NotTheOldWordsOfAChangedNote", "Kerala:2", "", "old words", NoteCase::Changed, "old", ""},
     NoteCase{"NotARemovedNote", "Kerala:3", "plant and machinery", "depreciation", NoteCase::Removed, "depreciation", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace reader_test

@@ -11,42 +11,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 build=${1:-build}
-screens=$PWD/docs/screens
-work=$(mktemp -d /tmp/vorlan-sheets.XXXXXX)
-display=:$((90 + RANDOM % 100))
-export DISPLAY=$display HOME=$work/home XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=xcb
-mkdir -p "$HOME" "$XDG_RUNTIME_DIR" "$work/fb"
-chmod 700 "$XDG_RUNTIME_DIR"
-cp -r "$build/bin" "$work/bin"
-
-Xvfb "$display" -screen 0 1280x1024x24 -fbdir "$work/fb" >/dev/null 2>&1 & xvfb=$!
-sleep 1
-openbox >/dev/null 2>&1 & wm=$!
-vorlan=
-finish() {
-  [ -n "$vorlan" ] && kill "$vorlan" 2>/dev/null || true
-  kill "$wm" "$xvfb" 2>/dev/null || true
-  rm -rf "$work"
-}
-trap finish EXIT
-
-say() { echo "== $*"; }
-wait_for() { xdotool search --sync --onlyvisible --name "$1" >/dev/null; sleep 0.6; }
-keys() { xdotool key --delay 120 "$@"; sleep 0.4; }
-typed() { xdotool type --delay 25 "$1"; sleep 0.2; }
-shot() {   # name title: the window with its title bar, as docs/screens/sheets-<name>.png
-  xdotool mousemove 1279 1023; sleep 0.2
-  local id; id=$(xdotool search --onlyvisible --name "$2" | tail -1)
-  eval "$(xdotool getwindowgeometry --shell "$id")"
-  sleep 0.5
-  /usr/bin/python3 tests/practice/screen.py "$work/fb/Xvfb_screen0" "$screens/sheets-$1.png" \
-    "$((X - 1))" "$((Y - 38))" "$((WIDTH + 2))" "$((HEIGHT + 19))"
-}
-start() {
-  (cd "$work/bin" && exec ./vorlan >>"$work/vorlan.log" 2>&1) & vorlan=$!
-  wait_for "Vorlan on VAT Laws"
-}
-stop() { kill "$vorlan"; wait "$vorlan" 2>/dev/null || true; vorlan=; sleep 0.5; }
+name=sheets
+source tests/practice/session.sh
 # From the main window to the return window on the book open: the state, the forms page, Go, Enter.
 to_return() {
   typed Kerala; keys Return; wait_for "^Kerala$"

@@ -9,50 +9,9 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 build=${1:-build}
-screens=$PWD/docs/screens
-work=$(mktemp -d /tmp/vorlan-practice.XXXXXX)
-display=:$((90 + RANDOM % 100))
-export DISPLAY=$display HOME=$work/stick XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=xcb
-mkdir -p "$HOME" "$XDG_RUNTIME_DIR" "$work/fb"
-chmod 700 "$XDG_RUNTIME_DIR"
-cp -r "$build/bin" "$work/bin"
+name=practice home=stick
+source tests/practice/session.sh
 data=$work/bin   # the program's folder holds the library and may be written: the data lies beside it
-
-Xvfb "$display" -screen 0 1280x1024x24 -fbdir "$work/fb" >/dev/null 2>&1 & xvfb=$!
-sleep 1
-openbox >/dev/null 2>&1 & wm=$!
-vorlan=
-finish() {
-  [ -n "$vorlan" ] && kill "$vorlan" 2>/dev/null || true
-  kill "$wm" "$xvfb" 2>/dev/null || true
-  rm -rf "$work"
-}
-trap finish EXIT
-
-say() { echo "== $*"; }
-wait_for() { xdotool search --sync --onlyvisible --name "$1" >/dev/null; sleep 0.6; }
-keys() { xdotool key --delay 120 "$@"; sleep 0.4; }
-typed() { xdotool type --delay 25 "$1"; sleep 0.2; }
-# The window of that title, or the whole screen, as docs/screens/practice-<name>.png.
-away() { xdotool mousemove 1279 1023; sleep 0.2; }   # the pointer out of the picture
-shot() {
-  away
-  local name=$1 title=${2:-} geometry=""
-  if [ -n "$title" ]; then
-    local id; id=$(xdotool search --onlyvisible --name "$title" | tail -1)
-    eval "$(xdotool getwindowgeometry --shell "$id")"
-    # Under a reparenting window manager xdotool counts the title bar (19 pixels) twice; the picture
-    # keeps the bar, which shows the window's title.
-    geometry="$((X - 1)) $((Y - 38)) $((WIDTH + 2)) $((HEIGHT + 19))"
-  fi
-  sleep 0.5
-  /usr/bin/python3 tests/practice/screen.py "$work/fb/Xvfb_screen0" "$screens/practice-$name.png" $geometry
-}
-start() {
-  (cd "$work/bin" && exec ./vorlan >>"$work/vorlan.log" 2>&1) & vorlan=$!
-  wait_for "Vorlan on VAT Laws"
-}
-stop() { kill "$vorlan"; wait "$vorlan" 2>/dev/null || true; vorlan=; sleep 0.5; }
 # From the main window to the return chooser: the state, the forms page, the return form, Go.
 to_chooser() {
   typed Kerala; keys Return; wait_for "^Kerala$"

@@ -2,6 +2,7 @@
 // columns guessed, every row that cannot be read named, the grid untouched until OK, then filled after
 // its last bill, and taken back by Ctrl+Z.
 #include "sheets_window.h"
+#include "support/case_name.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -126,6 +127,6 @@ ws.merge_cells("A3:A4"))" + kSave,
                    "is damaged or incomplete", -1, 0, {}, "", {}},
         ImportCase{"NotASpreadsheet", "scan.xlsx", R"(import sys; open(sys.argv[1], "wb").write(b"%PDF-1.4\n%\xe2\xe3\xcf\xd3\n"))",
                    "is a PDF document", -1, 0, {}, "", {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace

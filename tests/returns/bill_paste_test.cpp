@@ -1,6 +1,7 @@
 // Rows copied from a spreadsheet pasted into the bill grids with Ctrl+V: the cells as after typing, the
 // totals worked out, a refusal that leaves the grid as it was, and Ctrl+Z that takes the paste back.
 #include "sheets_window.h"
+#include "support/case_name.h"
 
 #include "platform/forms/twips.h"
 
@@ -106,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(
         PasteCase{"NegativeAmountRefused", false, {}, 1, 6, "(1,250.00)\t0\n", {}, "", "Amount: (1,250.00) is below zero"},
         PasteCase{"DayThatDoesNotExistRefused", true, {}, 1, 1, "30-02-26\tX\n", {}, "", "30-02-26 is a day that does not exist"},
         PasteCase{"NotIntoTheWorkedOutTotal", false, {}, 1, 9, "1\t2\n", {}, "", "Total Amount is worked out"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // Ten bills pasted and added are there when the program starts again, with their totals; a party
 // that reads like a statement is stored as the text it is.

@@ -2,6 +2,7 @@
 // the reason the user is shown; a header's words; the clipboard's rows.
 #include "returns/bill_cells.h"
 #include "returns/bill_paste.h"
+#include "support/case_name.h"
 
 #include <QMimeData>
 #include <gtest/gtest.h>
@@ -68,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
         CellCase{"PartyHostileTextKept", BillField::Party, "'; DROP TABLE tblSales; --", false, "'; DROP TABLE tblSales; --", ""},
         CellCase{"PartyFormulaKept", BillField::Party, "=HYPERLINK(\"x\")", false, "=HYPERLINK(\"x\")", ""},
         CellCase{"PartyOnOneLine", BillField::Party, "Malabar\nAgencies ", false, "Malabar Agencies", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 struct HeaderCase {
     const char* name;
@@ -95,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
                     HeaderCase{"Tax", "Tax", BillField::Tax}, HeaderCase{"Cess", "Cess (1%)", BillField::Cess},
                     HeaderCase{"Gstin", "GSTIN/UIN", BillField::Tin}, HeaderCase{"DealerName", "Name of Dealer", BillField::Party},
                     HeaderCase{"TotalIsWorkedOut", "Total Amount", BillField::None}, HeaderCase{"Remarks", "Remarks", BillField::None}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 struct ClipboardCase {
     const char* name;
@@ -130,6 +131,6 @@ INSTANTIATE_TEST_SUITE_P(
                       "<table><tr><td colspan=2>Title</td><td>c</td></tr><tr><td>a</td><td>b</td><td></td></tr></table>",
                       {{"Title", "", "c"}, {"a", "b", ""}}},
         ClipboardCase{"LinesOfOneColumn", "Malabar\nCochin\n", {}, {{"Malabar"}, {"Cochin"}}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace

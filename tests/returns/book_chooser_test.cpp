@@ -4,6 +4,7 @@
 #include "platform/forms/window_registry.h"
 #include "returns/book_chooser.h"
 #include "returns/frm_select.h"
+#include "support/case_name.h"
 #include "support/printers.h"
 #include "support/screens.h"
 
@@ -93,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
                       KeysCase{"EarlierYear", {"alpha", "<Tab>", "<Tab>", "<Up>", "<Enter>"}, 1, "32070000001", 2024},
                       KeysCase{"NewYearInOneStep", {"kitchens", "<New year>"}, 1, "32090000003", 2025},
                       KeysCase{"NextYearOfADealer", {"beta", "<New year>"}, 1, "32080000002", 2026}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 TEST_F(Chooser, TheChooserLineAndTheWayToTheReturnWindow) {
     auto* select = forms::get<frmSelect>("frmSelect");
@@ -156,7 +157,7 @@ INSTANTIATE_TEST_SUITE_P(Register, RemoveDealer,
                          ::testing::Values(RemoveCase{"WithBooksYes", "32070000001", forms::vbYes, true},
                                            RemoveCase{"WithBooksNo", "32070000001", forms::vbNo, false},
                                            RemoveCase{"WithoutBooks", "32090000003", forms::vbYes, true}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 struct SwitchCase {
     const char* name;
@@ -216,7 +217,7 @@ TEST_P(SwitchBooks, TheNextBookShowsAndStoresNoneOfTheBillsBefore) {
 INSTANTIATE_TEST_SUITE_P(ReturnWindow, SwitchBooks,
                          ::testing::Values(SwitchCase{"LocalPurchases", 0}, SwitchCase{"InterStatePurchases", 1},
                                            SwitchCase{"Sales", 2}, SwitchCase{"SalesAfterTheCloseBox", 2, true}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 struct FormAtSwitch {
     const char* name;
@@ -266,7 +267,7 @@ TEST_P(FormOpenAtSwitch, TypedBoxesStayWithTheirBook) {
 INSTANTIATE_TEST_SUITE_P(ReturnForm, FormOpenAtSwitch,
                          ::testing::Values(FormAtSwitch{"Kept", forms::vbYes, 1, true}, FormAtSwitch{"Dropped", forms::vbNo, 0, true},
                                            FormAtSwitch{"Cancelled", forms::vbCancel, 0, false}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 struct OptionCase {
     const char* name;
@@ -301,7 +302,7 @@ TEST_P(OptionWithoutBook, LeadsToTheRegisterAndThenToTheBookChosen) {
 INSTANTIATE_TEST_SUITE_P(Chooser, OptionWithoutBook,
                          ::testing::Values(OptionCase{"FormNo52", 1, "frmNormal"}, OptionCase{"EFiling", 2, "frmEFiling"},
                                            OptionCase{"DirectToForm", 3, "frmDirectToForm"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 // The dealer of the book open now removed with the return window open: the window goes with the book,
 // so nothing of it can be added after to the program folder's files, which belong to no dealer.

@@ -3,6 +3,7 @@
 // opened on a book with bills keyed, and the settings kept away from the user's own.
 #include "platform/basic/app_path.h"
 #include "platform/basic/clock.h"
+#include "platform/basic/settings.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/msgbox.h"
 #include "returns/frm_normal.h"
@@ -10,7 +11,6 @@
 #include "returns/return_books.h"
 #include "support/sqlite_rows.h"
 
-#include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ class Practice : public ::testing::Test {
 protected:
     void SetUp() override {
         QStandardPaths::setTestModeEnabled(true);
-        QSettings(QStringLiteral("Vorlan"), QStringLiteral("Vorlan")).remove(QStringLiteral("returns"));
+        basic::Settings().remove(QStringLiteral("returns"));
         program = root.filePath("program");
         user = root.filePath("user");
         QDir().mkpath(program);

@@ -5,6 +5,7 @@
 #include "returns/form_ten_store.h"
 #include "returns/practice_start.h"
 #include "returns/return_schema.h"
+#include "support/case_name.h"
 #include "support/printers.h"
 
 using namespace returns;
@@ -55,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
         RegisterCase{"Statement", {"32070000002", "x'; DROP TABLE dealers; --", "');", "%1 %2", "+ & #1/1/2000#", "", ""}, {}, {}},
         RegisterCase{"TenThousand", {"32070000003", kLong, kLong, kLong, kLong, kLong, kLong}, {}, {}},
         RegisterCase{"RightToLeft", {"32070000004", QString::fromUtf8("\u202Eairam\u202C \u200Fسوق"), {}, {}, {}, {}, {}}, {}, {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- two dealers, two years each: January of each book is its own ---------------------------------------
 
@@ -102,8 +103,7 @@ TEST_P(KeptApart, JanuaryOfEachBookReadsBackAfterRestart) {
             << table;
 }
 
-INSTANTIATE_TEST_SUITE_P(Books, KeptApart, ::testing::ValuesIn(kFourBooks),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Books, KeptApart, ::testing::ValuesIn(kFourBooks), CaseName());
 
 // ---- an apostrophe in what the register gives the return window -----------------------------------------
 
@@ -128,7 +128,7 @@ TEST_P(Apostrophe, TheMonthIsAdded) {
 INSTANTIATE_TEST_SUITE_P(Books, Apostrophe,
                          ::testing::Values(QuoteCase{"InTheName", "O'Brien Traders", "Kochi"},
                                            QuoteCase{"InThePlace", "Malabar Agencies", "St. Mary's Road, Kochi"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 // ---- the return files of the version before become "Dealer not named", once ---------------------------
 
@@ -180,7 +180,7 @@ INSTANTIATE_TEST_SUITE_P(FirstStart, OldFiles,
                                            OldFilesCase{"UsersFolderFirst", true, true, "2023-12-31", 2023},
                                            OldFilesCase{"NoBillDate", true, false, "", 2025},
                                            OldFilesCase{"NoOldFiles", false, false, "", 0}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 // ---- naming the dealer of such a book: its months read back under the dealer ---------------------------
 
@@ -233,7 +233,7 @@ TEST_P(Naming, MonthsReadBackUnderTheDealer) {
 INSTANTIATE_TEST_SUITE_P(Books, Naming,
                          ::testing::Values(NamingCase{"Whole", 0}, NamingCase{"StoppedBeforeTheWork", 1},
                                            NamingCase{"StoppedAfterTheMove", 2}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 // ---- a book that cannot be opened is named; the book open before and the other books are not touched ----
 
@@ -276,6 +276,6 @@ INSTANTIATE_TEST_SUITE_P(
                                          QFile(f).open(QIODevice::WriteOnly);
                                      },
                                      "its folder"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace

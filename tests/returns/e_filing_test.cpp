@@ -2,6 +2,7 @@
 // and a finding opening the return window on its bill. The XLSX files are read back with openpyxl.
 #include "keyed_month.h"
 #include "returns/e_filing_window.h"
+#include "support/case_name.h"
 
 #include <QComboBox>
 #include <QListWidget>
@@ -37,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Tin{"OtherStateShort", FilingKind::CstSales, "3301", "88888888888"},
                     Tin{"OtherStateNoSuchState", FilingKind::CstSales, "99010000001", "88888888888"},
                     Tin{"OtherStateLetter", FilingKind::InterStatePurchases, "2901000000A", "88888888888"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- the checks -------------------------------------------------------------------------------------------
 
@@ -86,7 +87,7 @@ INSTANTIATE_TEST_SUITE_P(
         // The return window counts "cst" in no band; the lists take it for a local sale with no rate.
         Check{"RateThatIsNone", {}, {{"06-03-26", "Madras Co", "33010000001", "S-2", "cst", "100", "2", "", "102.00"}},
               {"Local sales, row 1 (bill S-2, Madras Co): the rate of tax \"cst\" is no rate"}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- the files --------------------------------------------------------------------------------------------
 
@@ -154,7 +155,7 @@ INSTANTIATE_TEST_SUITE_P(
                "s:A-1|s:02-03-2026|s:99999999999|s:Alpha Stores||s:100000.00|s:4000.00|s:0.00",
                "s:G-3|s:11-03-2026|s:3207|s:Gamma Agencies||s:25000.50|s:0.00|s:0.00"}},
         Files{"FolderMissing", [](const QString& f) { return f + "/no such folder"; }, {}, {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- a finding opens its bill -------------------------------------------------------------------------------
 
@@ -212,7 +213,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Opening{"SaleInDateOrder", 0, "Local sales, row 3 (bill S-3", &frmNormal::fg2, 3, "S-3"},
                     Opening{"CstSale", 0, "CST sales, row 1 (bill S-2", &frmNormal::fg2, 1, "S-2"},
                     Opening{"ByEnter", 1, "Inter-State purchases, row 1", &frmNormal::fg1, 1, "C-1", true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- a finding of another month than the return window shows ------------------------------------------------
 
@@ -259,7 +260,7 @@ TEST_P(FindingOfAnotherMonth, TheWholeMonthIsShownAndAddedUnderIt) {
 INSTANTIATE_TEST_SUITE_P(Filing, FindingOfAnotherMonth,
                          testing::Values(OtherMonth{"Sale", "Local sales, row 1 (bill FS-1"},
                                          OtherMonth{"Purchase", "Local purchases, row 1 (bill FP-1"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 // ---- bills added while the window stands open ----------------------------------------------------------------
 
@@ -302,6 +303,6 @@ TEST_P(AddedMeanwhile, TheListsFollowTheBook) {
 
 INSTANTIATE_TEST_SUITE_P(Filing, AddedMeanwhile,
                          testing::Values(Meanwhile{"WrittenAtOnce", false}, Meanwhile{"BackToTheWindow", true}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 }  // namespace

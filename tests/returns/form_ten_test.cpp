@@ -3,6 +3,7 @@
 #include "keyed_month.h"
 #include "returns/book_store.h"
 #include "returns/form_ten_paper.h"
+#include "support/case_name.h"
 
 #include <QComboBox>
 #include <QScrollArea>
@@ -88,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(
         // F 6,500; G 18,700; H = 18,700 - 6,500 = 12,200; J = 12,200 - 2,000 = 10,200; nothing creditable.
         Figures{"TaxPayable", {{"F", "6,500.00"}, {"G", "18,700.00"}, {"H", "12,200.00"}, {"I", "2,000.00"}, {"J", "10,200.00"},
                                {"K", "Nil"}, {"N", "Nil"}}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- where the figures come from ------------------------------------------------------------------------
 
@@ -150,7 +151,7 @@ INSTANTIATE_TEST_SUITE_P(
                FormSource::Pages, "that Export wrote", {"SL3", "SL4"},
                {{"C1_34", "Nil"}, {"C2_44", "5,000.00"}, {"C2_64", "8,000.00"}, {"C2_65", "1,600.00"}, {"C2_34", "13,000.00"},
                 {"F", "Nil"}}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- boxes typed on the form ----------------------------------------------------------------------------
 
@@ -204,7 +205,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Typing{"RateAboveHundred", "TR13", "120", "takes a rate in per cent", ""},
                     Typing{"LowerCaseYes", "EN3", "y", "", "Y"},
                     Typing{"LetterNotYesOrNo", "EN3", "X", "", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- kept in the book -----------------------------------------------------------------------------------
 
@@ -245,7 +246,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Leaving{"ClosedAndDropped", [](FormTenWindow* f) { f->cmdClose->click(); }, forms::vbNo, false},
                     Leaving{"EscAndKept", [](FormTenWindow* f) { QTest::keyClick(f->sheet->lineEdit("EN5"), Qt::Key_Escape); },
                             forms::vbYes, true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- on paper ---------------------------------------------------------------------------------------------
 
@@ -310,7 +311,7 @@ INSTANTIATE_TEST_SUITE_P(
                               return f + "/not-a-folder/Form10.pdf";
                           },
                           {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // ---- the month added again while the form stands open --------------------------------------------------
 
@@ -343,6 +344,6 @@ TEST_P(FormAddedAgain, TheFormTakesTheNewFigures) {
 
 INSTANTIATE_TEST_SUITE_P(Form, FormAddedAgain,
                          testing::Values(AddedAgain{"NothingTyped", false}, AddedAgain{"TypedNotKept", true}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 }  // namespace

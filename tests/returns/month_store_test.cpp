@@ -3,6 +3,7 @@
 #include "platform/basic/runtime_error.h"
 #include "return_window.h"
 
+#include "support/case_name.h"
 #include "support/sqlite_rows.h"
 
 #include <QLoggingCategory>
@@ -162,7 +163,7 @@ INSTANTIATE_TEST_SUITE_P(
                       WaitingBoxes{"ExportWithoutPeriod", &returns::frmNormal::cmdExport_Click, "",
                                    {"Success...........!", "Vorlan", "Vorlan", "Vorlan"},
                                    "SELECT count(*) FROM tblMPage3", "0"}),
-    [](const ::testing::TestParamInfo<WaitingBoxes>& info) { return std::string(info.param.name); });
+    CaseName());
 
 // A cell that a read leaves empty can be explained afterwards: with the returns log on, the error the
 // read passed over is there with its routine; with it off, nothing is written.

@@ -1,6 +1,7 @@
 // The box of a start whose library cannot be opened: it names the files that fail and the folder they were
 // looked for in, and no file that opens.
 #include "library_fixture.h"
+#include "support/case_name.h"
 
 #include "shell/library_start.h"
 
@@ -39,6 +40,6 @@ INSTANTIATE_TEST_SUITE_P(
                       StartFault{"FirstAndThird", {"0909214SD01.mdb", "1509214SD03.mdb"}, {},
                                  "files 0909214SD01.mdb, 1509214SD03.mdb"},
                       StartFault{"Damaged", {}, {"1309214SD02.mdb"}, "file 1309214SD02.mdb"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include "platform/basic/clock.h"
 #include "platform/documents/document_view.h"
-#include "platform/documents/reader_settings.h"
+#include "platform/basic/settings.h"
 #include "platform/forms/msgbox.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -297,8 +297,8 @@ void DocumentPrinter::saveToPdf() { saveToPdf(hasReaderSelection(*view_)); }
 void DocumentPrinter::saveToPdf(bool selectionOnly) {
     if (view_->kind() == Kind::None) return;
     const PrintHead head = head_();
-    auto settings = readerSettings();
-    QString folder = settings->value(kFolderKey).toString();
+    QSettings settings = basic::Settings();
+    QString folder = settings.value(kFolderKey).toString();
     if (folder.isEmpty() || !QDir(folder).exists())
         folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     if (!QDir(folder).exists()) folder = QDir::homePath();
@@ -310,7 +310,7 @@ void DocumentPrinter::saveToPdf(bool selectionOnly) {
                       forms::vbExclamation);
         return;
     }
-    settings->setValue(kFolderKey, QFileInfo(path).absolutePath());
+    settings.setValue(kFolderKey, QFileInfo(path).absolutePath());
 }
 
 }  // namespace documents

@@ -2,7 +2,7 @@
 
 #include "platform/documents/document_view.h"
 #include "platform/documents/find_bar.h"
-#include "platform/documents/reader_tools.h"
+#include "platform/documents/view_tools.h"
 #include "platform/documents/view_trail.h"
 #include "platform/forms/window_registry.h"
 
@@ -26,7 +26,7 @@ FullViewer::FullViewer() : QWidget(nullptr, Qt::Window), view_(new DocumentView(
     connect(view_, &DocumentView::linkActivated, this, &FullViewer::followLink);
     FindBar::attach(view_);
     attachTrail(this, view_, [this] { return linkFolder_; }, [this](const QByteArray& b, const QString& f) { open(b, f); });
-    ReaderTools::attach(view_);
+    ViewTools::attach(view_);
     for (const auto& hook : madeHooks) hook(this);
 }
 

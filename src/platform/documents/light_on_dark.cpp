@@ -1,7 +1,7 @@
 #include "platform/documents/light_on_dark.h"
 
 #include "platform/documents/document_view.h"
-#include "platform/documents/reader_settings.h"
+#include "platform/basic/settings.h"
 #include "platform/forms/colour_scheme.h"
 
 #include <QAction>
@@ -25,12 +25,12 @@ LightOnDark& LightOnDark::shared() {
     return *one;
 }
 
-LightOnDark::LightOnDark() { on_ = readerSettings()->value(kKey, forms::DesktopIsDark()).toBool(); }
+LightOnDark::LightOnDark() { on_ = basic::Settings().value(kKey, forms::DesktopIsDark()).toBool(); }
 
 void LightOnDark::setOn(bool on) {
     if (on == on_) return;
     on_ = on;
-    readerSettings()->setValue(kKey, on_);
+    basic::Settings().setValue(kKey, on_);
     emit changed(on_);
 }
 

@@ -154,15 +154,6 @@ void ReaderStore::removeFolder(const QString& folder) {
     });
 }
 
-void ReaderStore::renameFolder(const QString& folder, const QString& name) {
-    if (name.trimmed().isEmpty() || name == folder) return;
-    file_->transaction([&] {
-        addFolder(name);
-        file_->prepare(QStringLiteral("UPDATE bookmarks SET folder = ?2 WHERE folder = ?1")).bind(1, folder).bind(2, name).run();
-        file_->prepare(QStringLiteral("DELETE FROM folders WHERE name = ?1")).bind(1, folder).run();
-    });
-}
-
 QByteArray ReaderStore::exportBookmarks() const {
     QJsonArray marks;
     for (const Bookmark& b : bookmarks())

@@ -76,7 +76,6 @@ public:
     void addFolder(const QString& folder);
     // A folder's bookmarks go with it to the folder named, or to none.
     void removeFolder(const QString& folder);
-    void renameFolder(const QString& folder, const QString& name);
 
     // A reading list of folders and bookmarks, as a file that another reader imports.
     QByteArray exportBookmarks() const;

@@ -1,5 +1,7 @@
 #include "platform/documents/rtf_fonts.h"
 
+#include "platform/documents/rtf_reader_parts.h"
+
 #include <QByteArray>
 #include <QStringDecoder>
 
@@ -142,6 +144,30 @@ QStringList familiesOf(const FontEntry& font) {
     }
     families.removeDuplicates();
     return families;
+}
+
+// ---- the reader's font table and code pages ---------------------------------------------------------
+
+// Fonts and their code pages.
+void Reader::commitFont() {
+    if (fontNumber_ >= 0 && fonts_.size() < 4096) {
+        font_.name = font_.name.trimmed();
+        fonts_[fontNumber_] = font_;
+        charFormats_.clear();
+        pageFont_ = INT_MIN;
+    }
+    font_ = FontEntry{};
+    fontNumber_ = -1;
+}
+
+void Reader::setDocumentPage(const CodePage& page) {
+    documentPage_ = &page;
+    pageFont_ = INT_MIN;
+}
+
+const FontEntry* Reader::fontOf(const CharProps& c) const {
+    const auto found = fonts_.find(c.font < 0 ? deff_ : c.font);
+    return found == fonts_.end() ? nullptr : &found->second;
 }
 
 }  // namespace documents::rtf

@@ -1,7 +1,7 @@
 #include "platform/documents/zoom.h"
 
 #include "platform/documents/document_view.h"
-#include "platform/documents/reader_settings.h"
+#include "platform/basic/settings.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
@@ -43,10 +43,10 @@ Zoom::Zoom() {
     // Written a moment after the last step, not at each: a settings file written per key costs a frame.
     save_.setSingleShot(true);
     save_.setInterval(400);
-    connect(&save_, &QTimer::timeout, this, [this] { readerSettings()->setValue(kKey, percent_); });
+    connect(&save_, &QTimer::timeout, this, [this] { basic::Settings().setValue(kKey, percent_); });
     if (QCoreApplication::instance())
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &Zoom::save);
-    const int stored = readerSettings()->value(kKey, 100).toInt();
+    const int stored = basic::Settings().value(kKey, 100).toInt();
     int nearest = 100;
     for (int step : steps())
         if (std::abs(step - stored) < std::abs(nearest - stored)) nearest = step;
@@ -71,7 +71,7 @@ void Zoom::setPercent(int percent) {
 void Zoom::save() {
     if (!save_.isActive()) return;
     save_.stop();
-    readerSettings()->setValue(kKey, percent_);
+    basic::Settings().setValue(kKey, percent_);
 }
 
 void Zoom::stepIn() {

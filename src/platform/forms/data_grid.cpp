@@ -261,15 +261,13 @@ void DataGrid::SelBookmarksRemove(int index) {
     const basic::Variant b = SelBookmarks(index);
     selBookmarks_.removeAt(index);
     store::Recordset rs = source_;
-    try {
+    // A row the filter hides is no longer drawn selected anyway.
+    basic::ignore(lcForms(), [&] {
         rs.setBookmark(b);
         const int row = int(rs.AbsolutePosition() - 1);
         selectionModel()->select(model_->index(row, 0),
                                  QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
-    } catch (const basic::RuntimeError& e) {
-        // a row the filter hides is no longer drawn selected anyway
-        qCDebug(lcForms).noquote() << "SelBookmarksRemove passed over:" << e.description();
-    }
+    });
     placeSource();
 }
 

@@ -1,5 +1,6 @@
 #include "platform/forms/window_registry.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <map>
 #include <set>
@@ -46,6 +47,17 @@ QWidget* get(const QString& name) {
     std::erase(r.madeInOrder, name);
     r.madeInOrder.push_back(name);
     return window;
+}
+
+void showOverInput(const QString& name) {
+    QWidget* window = get(name);
+    QWidget* holding = QApplication::activeModalWidget();
+    const bool modal = holding && holding != window;
+    if (window->isVisible() && (window->windowModality() != Qt::NonModal) != modal) window->hide();
+    window->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    window->show();
+    window->raise();
+    window->activateWindow();
 }
 
 bool exists(const QString& name) {

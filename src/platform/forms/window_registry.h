@@ -27,6 +27,10 @@ T* get(const QString& name) {
     return window;
 }
 
+// Shows the window of that name, raised and active, over whatever window holds the input: over a modal
+// window it is made modal too, or no key could reach it.
+void showOverInput(const QString& name);
+
 // True when the window's instance has been made (and not destroyed since).
 bool exists(const QString& name);
 

@@ -1,32 +1,20 @@
 #include "platform/reports/preview_window.h"
 
 #include "platform/basic/runtime_error.h"
+#include "platform/forms/msgbox.h"
 #include "platform/reports/register_painter.h"
 
 #include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGraphicsView>
-#include <QScrollBar>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QToolBar>
-#include <QVBoxLayout>
 
 namespace reports {
 
-PreviewWindow::PreviewWindow(QWidget* parent) : QWidget(parent, Qt::Window), printer_(QPrinter::HighResolution) {
-    setWindowTitle(QStringLiteral("Register"));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    toolBar = new QToolBar(this);
-    view = new QPrintPreviewWidget(&printer_, this);
-    layout->addWidget(toolBar);
-    layout->addWidget(view, 1);
-
+PreviewWindow::PreviewWindow(QWidget* parent) : PagePreview(QStringLiteral("Register"), parent) {
     actPrint = toolBar->addAction(QStringLiteral("Print..."), this, [this] {
         QPrinter printer(QPrinter::HighResolution);
         printer.setPageLayout(template_.pageLayout());
@@ -48,19 +36,13 @@ PreviewWindow::PreviewWindow(QWidget* parent) : QWidget(parent, Qt::Window), pri
     lblPage->setContentsMargins(8, 0, 8, 0);
     toolBar->addWidget(lblPage);
     toolBar->addSeparator();
-    toolBar->addAction(QStringLiteral("Zoom in"), view, [this] { view->zoomIn(); });
-    toolBar->addAction(QStringLiteral("Zoom out"), view, [this] { view->zoomOut(); });
-    toolBar->addAction(QStringLiteral("Page width"), view, [this] { view->fitToWidth(); });
-    toolBar->addAction(QStringLiteral("Whole page"), view, [this] { view->fitInView(); });
+    addZoomActions(true);
     toolBar->addSeparator();
-    toolBar->addAction(QStringLiteral("Close"), this, [this] { close(); });
-
-    connect(view, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
-        pages_ = paintRegister(template_, data_, printer);
-    });
+    addCloseAction(QStringLiteral("Close"));
     connect(view, &QPrintPreviewWidget::previewChanged, this, [this] { showPageNumber(); });
-    resize(900, 1000);
 }
+
+void PreviewWindow::paintPages(QPrinter* printer) { pages_ = paintRegister(template_, data_, printer); }
 
 void PreviewWindow::setRegister(const ReportTemplate& t, const ReportData& d) {
     template_ = t;
@@ -73,9 +55,7 @@ void PreviewWindow::setRegister(const ReportTemplate& t, const ReportData& d) {
 }
 
 void PreviewWindow::showTop() {
-    view->setCurrentPage(1);
-    // Going to a page centres it; a page taller than the window is then shown from its top.
-    if (auto* pages = view->findChild<QGraphicsView*>()) pages->verticalScrollBar()->setValue(pages->verticalScrollBar()->minimum());
+    PagePreview::showTop();
     showPageNumber();
 }
 
@@ -83,7 +63,7 @@ void PreviewWindow::printOn(QPrinter* printer) { paintRegister(template_, data_,
 
 void PreviewWindow::savePdf(const QString& path) {
     const basic::RuntimeError e = basic::resume([&] { writePdf(template_, data_, path); });
-    if (e.number() != 0) QMessageBox::warning(this, QStringLiteral("Not saved"), e.description());
+    if (e.number() != 0) forms::MsgBox(e.description(), forms::vbExclamation, QStringLiteral("Not saved"));
 }
 
 void PreviewWindow::showPageNumber() {

@@ -18,9 +18,6 @@ namespace sheets {
 
 namespace {
 
-constexpr int kMaxRows = 1048576;
-constexpr int kMaxColumns = 16384;
-
 const char* const kOffice = "urn:oasis:names:tc:opendocument:xmlns:office:1.0";
 const char* const kStyle = "urn:oasis:names:tc:opendocument:xmlns:style:1.0";
 const char* const kText = "urn:oasis:names:tc:opendocument:xmlns:text:1.0";
@@ -300,7 +297,7 @@ void writeManifest(QIODevice* device) {
 }  // namespace
 
 void WriteOds(const QString& path, const std::vector<Sheet>& sheets) {
-    CheckSheets(path, sheets, kMaxRows, kMaxColumns);
+    CheckSheets(path, sheets, kWorkbookRows, kWorkbookColumns);
     TargetFile target(path);
     int openError = 0;
     zip_t* zip = zip_open(QFile::encodeName(target.temporaryPath()).constData(), ZIP_CREATE | ZIP_TRUNCATE, &openError);

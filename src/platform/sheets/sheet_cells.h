@@ -5,6 +5,10 @@
 
 namespace sheets {
 
+// The most rows and columns a sheet of a workbook holds, XLSX and ODS alike.
+constexpr int kWorkbookRows = 1048576;
+constexpr int kWorkbookColumns = 16384;
+
 // "B7" for row 6, column 1 (both counted from 0).
 QString CellName(int row, int column);
 

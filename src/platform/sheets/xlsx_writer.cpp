@@ -15,9 +15,6 @@ namespace sheets {
 
 namespace {
 
-constexpr int kMaxRows = 1048576;
-constexpr int kMaxColumns = 16384;
-
 // The file format reads "_x0041_" as an escaped character; a text that holds such a run of its own
 // has its underscore escaped, so that the reader sees the characters that were written.
 QByteArray textOf(const QString& text) {
@@ -101,7 +98,7 @@ bool partsWhole(const QByteArray& file) {
 }  // namespace
 
 void WriteXlsx(const QString& path, const std::vector<Sheet>& sheets) {
-    CheckSheets(path, sheets, kMaxRows, kMaxColumns);
+    CheckSheets(path, sheets, kWorkbookRows, kWorkbookColumns);
     TargetFile target(path);
     const QByteArray file = QFile::encodeName(target.temporaryPath());
     // libxlsxwriter's own scratch files go beside the target too: one disk, one verdict when it is full.

@@ -1,6 +1,7 @@
 // Rupee amounts in Indian grouping, written and read back as a user types them.
 #include "platform/basic/indian_amount.h"
 
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +24,7 @@ INSTANTIATE_TEST_SUITE_P(Amounts, IndianGrouping,
                                          Written{"Crore", 12345678.9, "1,23,45,678.90"}, Written{"TenCrore", 123456789, "12,34,56,789.00"},
                                          Written{"HalfPaisaUp", 1.005, "1.01"}, Written{"Negative", -150000.25, "-1,50,000.25"},
                                          Written{"NegativeRoundsToZero", -0.004, "0.00"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 struct Typed {
     const char* name;
@@ -47,6 +48,6 @@ INSTANTIATE_TEST_SUITE_P(Amounts, TypedAmount,
                                          Typed{"ThreeDecimals", "1.005", -1}, Typed{"LooseCommas", "1,2,3", -1},
                                          Typed{"MixedGroups", "12,34,5678", -1}, Typed{"TwoPoints", "1.2.3", -1},
                                          Typed{"Blank", "   ", -1}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 }  // namespace

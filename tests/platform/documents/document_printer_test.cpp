@@ -1,7 +1,8 @@
 // Print and PDF of a shown document, read back with pdftotext: every page headed by the title and kind and
 // footed by its number and the date printed; a selection alone; a PDF page by page; the view's zoom and
 // light on dark never reach the paper.
-#include "reader_fixture.h"
+#include "view_fixture.h"
+#include "support/case_name.h"
 
 #include "platform/documents/document_printer.h"
 #include "platform/documents/hit_marks.h"
@@ -33,7 +34,7 @@ struct Printed {
 };
 void PrintTo(const Printed& c, std::ostream* os) { *os << c.name; }
 
-class PrintedPages : public ReaderFixture, public ::testing::WithParamInterface<Printed> {
+class PrintedPages : public ViewFixture, public ::testing::WithParamInterface<Printed> {
 protected:
     QStringList print(const QString& name) {
         const QString path = settingsDir.filePath(name);
@@ -91,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
                               {"Paragraph 2:", "Paragraph 5:", "Paragraph 150:"}},
                       Printed{"HitsZoomAndDarkStayOnScreen", Shown::ScreenOnly, {}, {}},
                       Printed{"PdfPageByPage", Shown::Pdf, {}, {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace documents

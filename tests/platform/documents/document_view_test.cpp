@@ -1,5 +1,7 @@
 #include "platform/documents/document_view.h"
 
+#include "support/case_name.h"
+#include "support/made_pdfs.h"
 #include "support/printers.h"
 
 #include <QBuffer>
@@ -14,19 +16,6 @@
 #include <gtest/gtest.h>
 
 namespace documents {
-
-QByteArray pdfOfPages(int pages) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    QPainter painter(&writer);
-    for (int page = 1; page <= pages; ++page) {
-        if (page > 1) writer.newPage();
-        painter.drawText(100, 100, QStringLiteral("Page %1").arg(page));
-    }
-    painter.end();
-    return buffer.data();
-}
 
 // A view of the given size showing the document, on screen.
 struct ShownView : DocumentView {
@@ -47,48 +36,61 @@ int ink(QWidget& view) {
     return dark;
 }
 
-// Each kind in its viewer, its text drawn, and cleared again.
-TEST(DocumentView, ShowsEachKindInItsViewerAndClearsIt) {
-    const struct { QByteArray bytes; Kind kind; const char* text; int pages; } cases[] = {
-        {QByteArray(), Kind::None, "", 0},
-        {"{\\rtf1\\ansi Rule {\\b 58}\\par caf\\'e9}", Kind::Rtf, "Rule 58\ncafé", 0},
-        {"<html><body><p>Act <b>1963</b></p><p>caf\xC3\xA9</p></body></html>", Kind::Html, "Act 1963\ncafé", 0},
-        {"Form 10\r\ncaf\xE9", Kind::Text, "Form 10\ncafé", 0},
-        {pdfOfPages(3), Kind::Pdf, "", 3},
-        {"%PDF-1.4 not really", Kind::Pdf, "", 0}};
-    for (const auto& c : cases) {
-        ShownView view(600, 400, c.bytes);
-        EXPECT_EQ(view.kind(), c.kind);
-        EXPECT_EQ(view.plainText(), QString::fromUtf8(c.text));
-        EXPECT_EQ(view.pageCount(), c.pages);
-        EXPECT_EQ(view.textBrowser()->isVisible(), c.kind != Kind::None && c.kind != Kind::Pdf);
-        EXPECT_EQ(view.pdfView()->isVisible(), c.kind == Kind::Pdf);
-        EXPECT_TRUE(view.textBrowser()->isReadOnly());
-        if (*c.text) { EXPECT_GT(ink(view), 50) << c.text; }
-        view.clear();
-        EXPECT_TRUE(view.kind() == Kind::None && view.plainText().isEmpty() && view.pageCount() == 0);
-        EXPECT_FALSE(view.textBrowser()->isVisible() || view.pdfView()->isVisible());
-    }
+// Each kind in its viewer, its text drawn, and cleared again. A PDF of three pages is made when the test
+// runs, as it needs the application.
+struct KindCase { const char* name; QByteArray bytes; Kind kind; const char* text; int pages; };
+
+const KindCase kKinds[] = {
+    {"Nothing", QByteArray(), Kind::None, "", 0},
+    {"Rtf", "{\\rtf1\\ansi Rule {\\b 58}\\par caf\\'e9}", Kind::Rtf, "Rule 58\ncafé", 0},
+    {"Html", "<html><body><p>Act <b>1963</b></p><p>caf\xC3\xA9</p></body></html>", Kind::Html, "Act 1963\ncafé", 0},
+    {"TextInWindows1252", "Form 10\r\ncaf\xE9", Kind::Text, "Form 10\ncafé", 0},
+    {"PdfOfThreePages", QByteArray(), Kind::Pdf, "", 3},
+    {"DamagedPdf", "%PDF-1.4 not really", Kind::Pdf, "", 0}};
+
+class DocumentKinds : public ::testing::TestWithParam<KindCase> {};
+
+TEST_P(DocumentKinds, ShownInTheirViewerAndClearedAgain) {
+    const KindCase& c = GetParam();
+    ShownView view(600, 400, c.pages ? pdfOfLines({"Page 1", "Page 2", "Page 3"}) : c.bytes);
+    EXPECT_EQ(view.kind(), c.kind);
+    EXPECT_EQ(view.plainText(), QString::fromUtf8(c.text));
+    EXPECT_EQ(view.pageCount(), c.pages);
+    EXPECT_EQ(view.textBrowser()->isVisible(), c.kind != Kind::None && c.kind != Kind::Pdf);
+    EXPECT_EQ(view.pdfView()->isVisible(), c.kind == Kind::Pdf);
+    EXPECT_TRUE(view.textBrowser()->isReadOnly());
+    if (*c.text) { EXPECT_GT(ink(view), 50); }
+    view.clear();
+    EXPECT_TRUE(view.kind() == Kind::None && view.plainText().isEmpty() && view.pageCount() == 0);
+    EXPECT_FALSE(view.textBrowser()->isVisible() || view.pdfView()->isVisible());
 }
 
+INSTANTIATE_TEST_SUITE_P(Kinds, DocumentKinds, ::testing::ValuesIn(kKinds), CaseName());
+
 // A click on a link reports its target and leaves the document as it was.
-TEST(DocumentView, LinkClickReportsTargetWithoutFollowing) {
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"<html><body>Forms are <a href=\"FORMA.doc\">here</a>.</body></html>", "FORMA.doc"},
-        {"{\\rtf1 Section 10 is {\\field{\\*\\fldinst{HYPERLINK \\\\l \"a10\"}}{\\fldrslt here}}.}", "#a10"}};
-    for (const auto& [bytes, target] : cases) {
-        ShownView view(600, 300, bytes);
-        const QString before = view.plainText();
-        QTextCursor cursor = view.textBrowser()->document()->find(QStringLiteral("here"));
-        ASSERT_FALSE(cursor.isNull());
-        cursor.setPosition(cursor.selectionStart() + 2);
-        QSignalSpy spy(&view, &DocumentView::linkActivated);
-        QTest::mouseClick(view.textBrowser()->viewport(), Qt::LeftButton, {}, view.textBrowser()->cursorRect(cursor).center());
-        ASSERT_EQ(spy.count(), 1);
-        EXPECT_EQ(spy.at(0).at(0).toString(), QLatin1String(target));
-        EXPECT_EQ(view.plainText(), before);
-    }
+struct LinkCase { const char* name; QByteArray bytes; const char* target; };
+
+const LinkCase kLinks[] = {
+    {"HtmlLinkToAFile", "<html><body>Forms are <a href=\"FORMA.doc\">here</a>.</body></html>", "FORMA.doc"},
+    {"RtfLinkToAnAnchor", "{\\rtf1 Section 10 is {\\field{\\*\\fldinst{HYPERLINK \\\\l \"a10\"}}{\\fldrslt here}}.}", "#a10"},
+};
+
+class DocumentLinks : public ::testing::TestWithParam<LinkCase> {};
+
+TEST_P(DocumentLinks, ClickReportsTargetWithoutFollowing) {
+    ShownView view(600, 300, GetParam().bytes);
+    const QString before = view.plainText();
+    QTextCursor cursor = view.textBrowser()->document()->find(QStringLiteral("here"));
+    ASSERT_FALSE(cursor.isNull());
+    cursor.setPosition(cursor.selectionStart() + 2);
+    QSignalSpy spy(&view, &DocumentView::linkActivated);
+    QTest::mouseClick(view.textBrowser()->viewport(), Qt::LeftButton, {}, view.textBrowser()->cursorRect(cursor).center());
+    ASSERT_EQ(spy.count(), 1);
+    EXPECT_EQ(spy.at(0).at(0).toString(), QLatin1String(GetParam().target));
+    EXPECT_EQ(view.plainText(), before);
 }
+
+INSTANTIATE_TEST_SUITE_P(Links, DocumentLinks, ::testing::ValuesIn(kLinks), CaseName());
 
 // A numbered paragraph with a hanging indent, as word processors write lists: the text after the number's
 // tab starts where the wrapped lines start.

@@ -4,6 +4,7 @@
 #include "platform/documents/find_bar.h"
 #include "platform/documents/hit_marks.h"
 
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <QLabel>
@@ -53,21 +54,28 @@ TEST(FindBar, CountsAndStepsThroughTheHitsOfAnRtfDocument) {
     EXPECT_TRUE(text->extraSelections().isEmpty());
 }
 
-TEST(HitMarks, FindsTheWordsOfASearchAsTheIndexReadsThem) {
+// The words of a search lit in a text as the index reads them: joined by a hyphen, in capitals, by prefix,
+// in Malayalam, and not the words a NOT leaves out.
+struct HitCase { const char* name; const char* typed; const char* hits; };
+
+const HitCase kHits[] = {
+    {"PhraseAcrossAHyphen", "\"input tax\"", "Input-tax INPUT TAX"},
+    {"WholeWordOnly", "credit", "credit"},
+    {"PrefixWithoutTheExcluded", "credit* NOT goods", "credit credited"},
+    {"EitherWord", "tax OR ഇളവ്", "tax TAX ഇളവ്"},
+    {"MalayalamPrefix", "നികുതി*", "നികുതി നികുതിയും"},
+};
+
+class HitMarks : public ::testing::TestWithParam<HitCase> {};
+
+TEST_P(HitMarks, FindsTheWordsOfASearchAsTheIndexReadsThem) {
     const QString text = QStringLiteral("Input-tax credit; the INPUT TAX of credited goods. നികുതി ഇളവ്, നികുതിയും.");
-    const struct { const char* typed, *hits; } cases[] = {
-        {"\"input tax\"", "Input-tax INPUT TAX"},
-        {"credit", "credit"},
-        {"credit* NOT goods", "credit credited"},
-        {"tax OR ഇളവ്", "tax TAX ഇളവ്"},
-        {"നികുതി*", "നികുതി നികുതിയും"},
-    };
-    for (const auto& c : cases) {
-        QStringList found;
-        for (const TextRange& r : findTerms(text, store::parseTextQuery(QString::fromUtf8(c.typed)).sought()))
-            found << text.mid(r.start, r.end - r.start);
-        EXPECT_EQ(found.join(u' '), QString::fromUtf8(c.hits)) << c.typed;
-    }
+    QStringList found;
+    for (const TextRange& r : findTerms(text, store::parseTextQuery(QString::fromUtf8(GetParam().typed)).sought()))
+        found << text.mid(r.start, r.end - r.start);
+    EXPECT_EQ(found.join(u' '), QString::fromUtf8(GetParam().hits));
 }
+
+INSTANTIATE_TEST_SUITE_P(Searches, HitMarks, ::testing::ValuesIn(kHits), CaseName());
 
 }  // namespace documents

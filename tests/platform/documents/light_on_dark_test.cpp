@@ -1,7 +1,8 @@
 // Light on dark: Ctrl+Shift+L turns the paper of any kind of document dark and its ink light, a colour the
 // document names keeps its contrast, and the choice is remembered; off, a text is ink on paper whatever the
 // program's palette.
-#include "reader_fixture.h"
+#include "view_fixture.h"
+#include "support/case_name.h"
 
 #include <QApplication>
 #include <QPdfView>
@@ -30,7 +31,7 @@ std::pair<int, int> paperAndInk(QWidget* view) {
     return {paper, std::abs(*lo - paper) > std::abs(*hi - paper) ? *lo : *hi};
 }
 
-class LightOnDarkView : public ReaderFixture, public ::testing::WithParamInterface<Shown> {};
+class LightOnDarkView : public ViewFixture, public ::testing::WithParamInterface<Shown> {};
 
 TEST_P(LightOnDarkView, TurnsPaperDarkAndInkLightAndBack) {
     // A dark desktop palette does not darken the paper while the choice is off.
@@ -73,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Shown{"HtmlInColour",
                             "<html><body><p style='color:#000080;font-size:30px'>Input tax credit</p></body></html>", false},
                       Shown{"Pdf", pdfOfLines({QStringLiteral("Input tax credit")}), false}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace documents

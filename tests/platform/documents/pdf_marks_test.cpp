@@ -1,6 +1,7 @@
 // Hits on a PDF: the find bar (Ctrl+F) and a library search light the word where its ink is on the page,
 // at any zoom and on a page further down, which is brought into view.
-#include "reader_fixture.h"
+#include "view_fixture.h"
+#include "support/case_name.h"
 
 #include "platform/documents/hit_marks.h"
 #include "platform/documents/pdf_marks.h"
@@ -21,7 +22,7 @@ struct PdfFind {
 };
 void PrintTo(const PdfFind& c, std::ostream* os) { *os << c.name; }
 
-class PdfHits : public ReaderFixture, public ::testing::WithParamInterface<PdfFind> {};
+class PdfHits : public ViewFixture, public ::testing::WithParamInterface<PdfFind> {};
 
 TEST_P(PdfHits, LightTheWordWhereItsInkIs) {
     const PdfFind& c = GetParam();
@@ -65,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
                       PdfFind{"PageFurtherDown", 100,
                               {QStringLiteral("Section one"), QStringLiteral("Section two"), QStringLiteral("credit")}, false},
                       PdfFind{"LibrarySearch", 125, {QStringLiteral("Section one"), QStringLiteral("credit")}, true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace documents

@@ -1,6 +1,7 @@
 #include "platform/documents/document_view.h"
 #include "platform/documents/rtf_reader.h"
 
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -52,43 +53,64 @@ QString describe(const QTextDocument& document, bool fonts = false) {
     return blocks.join('|');
 }
 
-TEST(RtfReader, TextAndFormatting) {
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"{\\rtf1\\ansi Hello  world}", "Hello  world"}, {"{\\rtf1 Sec\r\ntion\n 11}", "Section 11"},
-        {"{\\rtf1 a \\b bold\\b0  c}", "a <b>bold</b> c"}, {"{\\rtf1 \\fs36 big\\fs24 normal}", "<18pt>big</pt>normal"},
-        {"{\\rtf1 \\i it\\i0 \\ul u\\ulnone x\\ul y\\ul0 z}", "<i>it</i><u>u</u>x<u>y</u>z"},
-        {"{\\rtf1 a{\\b b{\\i c}d}e}", "a<b>b</b><b><i>c</i></b><b>d</b>e"},
-        {"{\\rtf1\\b\\i\\fs40 x\\plain y}", "<b><i><20pt>x</pt></i></b>y"},
-        {"{\\rtf1\\ansi caf\\'e9 \\'80\\'93x\\'94}", "café €“x”"}, {"{\\rtf1\\ansi\\ansicpg1251 \\'c0\\'e1}", "Аб"},
-        {"{\\rtf1 caf\xE9}", "café"}, {"{\\rtf1 \\u8364? 5}", "€ 5"},
-        {"{\\rtf1 \\u-1279?x}", "ﬁx"}, {"{\\rtf1 \\u8364\\'80x}", "€x"},
-        {"{\\rtf1\\uc2 \\u8364??x}", "€x"}, {"{\\rtf1\\uc0 \\u8364 x}", "€x"},
-        {"{\\rtf1 {\\uc2 \\u233??}\\u233?x}", "ééx"}, {"{\\rtf1\\uc3 {\\u233?}x}", "éx"},
-        {"{\\rtf1{\\fonttbl{\\f0\\fswiss Arial;}}{\\colortbl;\\red0\\green0\\blue0;}"
-                "{\\stylesheet{\\s0 Normal;}}{\\info{\\title T}{\\author A}}Body"
-                "{\\*\\generator x;}{\\pict\\pngblip 89504e47}{\\object\\objemb{\\*\\objdata 01}}"
-                "{\\header H}{\\footer F}{\\headerl L}{\\*\\unknown zz{\\b deep}} end}",
+// Text and its formatting as read: characters in every escape and code page, paragraphs, links and
+// anchors, the destinations left out, and input cut short or out of range.
+struct TextCase { const char* name; QByteArray rtf; const char* expected; };
+
+const TextCase kTexts[] = {
+    {"DoubleBlanksKept", "{\\rtf1\\ansi Hello  world}", "Hello  world"},
+    {"LineBreaksInTheSourceIgnored", "{\\rtf1 Sec\r\ntion\n 11}", "Section 11"},
+    {"Bold", "{\\rtf1 a \\b bold\\b0  c}", "a <b>bold</b> c"},
+    {"FontSizeInHalfPoints", "{\\rtf1 \\fs36 big\\fs24 normal}", "<18pt>big</pt>normal"},
+    {"ItalicAndUnderlineOnAndOff", "{\\rtf1 \\i it\\i0 \\ul u\\ulnone x\\ul y\\ul0 z}", "<i>it</i><u>u</u>x<u>y</u>z"},
+    {"GroupsRestoreTheFormat", "{\\rtf1 a{\\b b{\\i c}d}e}", "a<b>b</b><b><i>c</i></b><b>d</b>e"},
+    {"PlainResetsTheFormat", "{\\rtf1\\b\\i\\fs40 x\\plain y}", "<b><i><20pt>x</pt></i></b>y"},
+    {"Windows1252Escapes", "{\\rtf1\\ansi caf\\'e9 \\'80\\'93x\\'94}", "café €“x”"},
+    {"CodePage1251", "{\\rtf1\\ansi\\ansicpg1251 \\'c0\\'e1}", "Аб"},
+    {"EightBitByteAsWindows1252", "{\\rtf1 caf\xE9}", "café"},
+    {"UnicodeWithItsAlternative", "{\\rtf1 \\u8364? 5}", "€ 5"},
+    {"NegativeUnicode", "{\\rtf1 \\u-1279?x}", "ﬁx"},
+    {"UnicodeAlternativeAsEscape", "{\\rtf1 \\u8364\\'80x}", "€x"},
+    {"TwoByteAlternative", "{\\rtf1\\uc2 \\u8364??x}", "€x"},
+    {"NoAlternative", "{\\rtf1\\uc0 \\u8364 x}", "€x"},
+    {"AlternativeCountEndsWithItsGroup", "{\\rtf1 {\\uc2 \\u233??}\\u233?x}", "ééx"},
+    {"AlternativeCountWithinAGroup", "{\\rtf1\\uc3 {\\u233?}x}", "éx"},
+    {"DestinationsLeftOut", "{\\rtf1{\\fonttbl{\\f0\\fswiss Arial;}}{\\colortbl;\\red0\\green0\\blue0;}"
+         "{\\stylesheet{\\s0 Normal;}}{\\info{\\title T}{\\author A}}Body"
+         "{\\*\\generator x;}{\\pict\\pngblip 89504e47}{\\object\\objemb{\\*\\objdata 01}}"
+         "{\\header H}{\\footer F}{\\headerl L}{\\*\\unknown zz{\\b deep}} end}",
          "Body end"},
-        {"{\\rtf1 a\\tab b\\par c\\line d}", "a\tb|c\u2028d"}, {"{\\rtf1 a\\par}", "a"},
-        {"{\\rtf1 a\\par\\par b}", "a||b"}, {"{\\rtf1 a\\qc\\par\\pard b}", "[c]a|b"},
-        {"{\\rtf1 \\{x\\} \\\\ a\\~b c\\-d e\\_f}", "{x} \\ a\u00A0b c\u00ADd e\u2011f"},
-        {"{\\rtf1 \\ldblquote q\\rdblquote\\emdash\\bullet}", "“q”—•"}, {"{\\rtf1\\qc a\\par\\pard b}", "[c]a|b"},
-        {"{\\rtf1 see {\\field{\\*\\fldinst{HYPERLINK \"http://x.in/a b\"}}{\\fldrslt{\\ul Site}}} now}",
+    {"TabParAndLine", "{\\rtf1 a\\tab b\\par c\\line d}", "a\tb|c\u2028d"},
+    {"LastParagraphMarkEndsNothing", "{\\rtf1 a\\par}", "a"},
+    {"EmptyParagraphKept", "{\\rtf1 a\\par\\par b}", "a||b"},
+    {"CentredBeforeTheParagraphMark", "{\\rtf1 a\\qc\\par\\pard b}", "[c]a|b"},
+    {"EscapedSymbols", "{\\rtf1 \\{x\\} \\\\ a\\~b c\\-d e\\_f}", "{x} \\ a\u00A0b c\u00ADd e\u2011f"},
+    {"TypographicQuotesAndDashes", "{\\rtf1 \\ldblquote q\\rdblquote\\emdash\\bullet}", "“q”—•"},
+    {"CentredAtTheStart", "{\\rtf1\\qc a\\par\\pard b}", "[c]a|b"},
+    {"HyperlinkToASite", "{\\rtf1 see {\\field{\\*\\fldinst{HYPERLINK \"http://x.in/a b\"}}{\\fldrslt{\\ul Site}}} now}",
          "see <a http://x.in/a b><u>Site</u></a> now"},
-        {"{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\l \"a10\"}{\\fldrslt Sec 10}}}", "<a #a10>Sec 10</a>"},
-        {"{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"CST ACT.rtf\" \\\\l \"a10\" \\\\o \"tip\"}{\\fldrslt 10}}}",
+    {"HyperlinkToAnAnchor", "{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\l \"a10\"}{\\fldrslt Sec 10}}}", "<a #a10>Sec 10</a>"},
+    {"HyperlinkToAFileAtAnAnchor", "{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"CST ACT.rtf\" \\\\l \"a10\" \\\\o \"tip\"}{\\fldrslt 10}}}",
          "<a CST ACT.rtf#a10>10</a>"},
-        {"{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\o \"see\" \\\\n FORMA.rtf}{\\fldrslt A}}}", "<a FORMA.rtf>A</a>"},
-        {"{\\rtf1 a{\\*\\bkmkstart a10}{\\*\\bkmkend a10}Sec 10}", "a<a a10>S</a>ec 10"},
-        {"{\\rtf1{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}}", "3"}, {"{\\rtf1 a{\\pict\\bin3 {{{}b}", "ab"},
-        {"{\\rtf1 a{\\pict\\bin99999999 xy", "a"}, {"{\\rtf1 a}}}b", "ab"},
-        {"{\\rtf1 a\\'4", "a"}, {"{\\rtf1 \\u-99999999999?a\\fs99999999999999 b}", "a<500pt>b</pt>"}};
-    for (const auto& [rtf, expected] : cases) {
-        QTextDocument document;
-        readRtf(rtf, document);
-        EXPECT_EQ(describe(document), QString::fromUtf8(expected)) << rtf.constData();
-    }
+    {"HyperlinkWithSwitchesBeforeTheFile", "{\\rtf1{\\field{\\*\\fldinst HYPERLINK \\\\o \"see\" \\\\n FORMA.rtf}{\\fldrslt A}}}", "<a FORMA.rtf>A</a>"},
+    {"BookmarkAsAnAnchor", "{\\rtf1 a{\\*\\bkmkstart a10}{\\*\\bkmkend a10}Sec 10}", "a<a a10>S</a>ec 10"},
+    {"OtherFieldsShowTheirResult", "{\\rtf1{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}}", "3"},
+    {"BinaryPictureDataSkipped", "{\\rtf1 a{\\pict\\bin3 {{{}b}", "ab"},
+    {"BinaryRunPastTheEnd", "{\\rtf1 a{\\pict\\bin99999999 xy", "a"},
+    {"ClosingBracesPastTheEnd", "{\\rtf1 a}}}b", "ab"},
+    {"EscapeCutShort", "{\\rtf1 a\\'4", "a"},
+    {"NumbersOutOfRange", "{\\rtf1 \\u-99999999999?a\\fs99999999999999 b}", "a<500pt>b</pt>"},
+};
+
+class RtfReader : public ::testing::TestWithParam<TextCase> {};
+
+TEST_P(RtfReader, TextAndFormatting) {
+    QTextDocument document;
+    readRtf(GetParam().rtf, document);
+    EXPECT_EQ(describe(document), QString::fromUtf8(GetParam().expected));
 }
+
+INSTANTIATE_TEST_SUITE_P(Texts, RtfReader, ::testing::ValuesIn(kTexts), CaseName());
 
 QByteArray fixture(const char* name) {
     QFile file(QStringLiteral(VORLAN_SOURCE_DIR "/tests/platform/documents/fixtures/") + QLatin1String(name));
@@ -116,21 +138,28 @@ QString firstTable(const QTextDocument& document) {
     return {};
 }
 
-TEST(RtfTables, CellsLandInTheirPlace) {
-    const struct { QByteArray rtf; const char* table, *text; } cases[] = {  // text: the whole document
-        {"{\\rtf1 before\\par\\trowd\\cellx1000\\cellx2000\\pard\\intbl a\\cell b\\cell\\row"
-         "\\trowd\\cellx1000\\cellx2000\\pard\\intbl c\\cell\\cell\\row\\pard after\\par}",
-         "a|b\nc|", "before\na\nb\nc\n\nafter"},
-        {"{\\rtf1\\trowd\\cellx900{\\pard\\intbl x\\par}{\\pard\\intbl y\\par}\\cell\\row}", "x\u2029y", "\nx\ny\n"},
-        {"{\\rtf1\\trowd\\cellx900\\intbl a\\cell b\\cell\\row}", "a|b", "\na\nb\n"},  // more cells than defined
-    };
-    for (const auto& c : cases) {
-        QTextDocument document;
-        readRtf(c.rtf, document);
-        EXPECT_EQ(firstTable(document), QString::fromUtf8(c.table)) << c.rtf.constData();
-        EXPECT_EQ(document.toPlainText(), QString::fromUtf8(c.text)) << c.rtf.constData();
-    }
+// A table's rows and cells as read, and the whole document's text around it.
+struct TableCase { const char* name; QByteArray rtf; const char* table, *text; };
+
+const TableCase kTables[] = {
+    {"TwoRowsBetweenParagraphs",
+     "{\\rtf1 before\\par\\trowd\\cellx1000\\cellx2000\\pard\\intbl a\\cell b\\cell\\row"
+     "\\trowd\\cellx1000\\cellx2000\\pard\\intbl c\\cell\\cell\\row\\pard after\\par}",
+     "a|b\nc|", "before\na\nb\nc\n\nafter"},
+    {"ParagraphsInACell", "{\\rtf1\\trowd\\cellx900{\\pard\\intbl x\\par}{\\pard\\intbl y\\par}\\cell\\row}", "x\u2029y", "\nx\ny\n"},
+    {"MoreCellsThanDefined", "{\\rtf1\\trowd\\cellx900\\intbl a\\cell b\\cell\\row}", "a|b", "\na\nb\n"},
+};
+
+class RtfTableCells : public ::testing::TestWithParam<TableCase> {};
+
+TEST_P(RtfTableCells, LandInTheirPlace) {
+    QTextDocument document;
+    readRtf(GetParam().rtf, document);
+    EXPECT_EQ(firstTable(document), QString::fromUtf8(GetParam().table));
+    EXPECT_EQ(document.toPlainText(), QString::fromUtf8(GetParam().text));
 }
+
+INSTANTIATE_TEST_SUITE_P(Tables, RtfTableCells, ::testing::ValuesIn(kTables), CaseName());
 
 // The first cell of the first table: its paragraph's alignment and left indent, its padding, and each edge
 // as style:width (T, L, B, R; "-" where there is no line).
@@ -155,22 +184,29 @@ QString firstCell(const QTextDocument& document) {
 }
 
 // What a paragraph ended by \cell sets survives it; the row definition draws each edge as written.
-TEST(RtfTables, CellKeepsItsParagraphAndBorders) {
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"\\cellx2000\\pard\\intbl\\qc\\li300 centred\\cell", "centre li20 pad4/4 - - - -"},
-        {"\\cellx2000\\pard\\intbl\\qr\\sb120\\sa240 right\\cell", "right li0 pad12/20 - - - -"},
-        {"\\cellx2000{\\pard\\intbl\\qc x\\par}\\pard\\intbl\\cell", "centre li0 pad4/4 - - - -"},
-        {"\\clbrdrb\\brdrdb\\brdrw10\\clbrdrt\\brdrs\\brdrw30\\clbrdrl\\brdrth\\brdrw15\\clbrdrr\\brdrnone\\cellx2000"
-         "\\pard\\intbl x\\cell",
-         "left li0 pad4/4 solid:2 solid:2 double:3 -"},
-        {"\\brdrb\\brdrs\\clbrdrt\\brdrdb\\brdrw45\\cellx2000\\pard\\intbl\\brdrt\\brdrs x\\cell", "left li0 pad4/4 double:9 - - -"},
-    };
-    for (const auto& [row, expected] : cases) {
-        QTextDocument document;
-        readRtf("{\\rtf1\\trowd" + row + "\\row}", document);
-        EXPECT_EQ(firstCell(document), QLatin1String(expected)) << row.constData();
-    }
+struct CellCase { const char* name; QByteArray row; const char* expected; };
+
+const CellCase kCells[] = {
+    {"CentredAndIndented", "\\cellx2000\\pard\\intbl\\qc\\li300 centred\\cell", "centre li20 pad4/4 - - - -"},
+    {"SpaceBeforeAndAfterAsPadding", "\\cellx2000\\pard\\intbl\\qr\\sb120\\sa240 right\\cell", "right li0 pad12/20 - - - -"},
+    {"ParagraphEndedInAGroup", "\\cellx2000{\\pard\\intbl\\qc x\\par}\\pard\\intbl\\cell", "centre li0 pad4/4 - - - -"},
+    {"EachEdgeAsWritten",
+     "\\clbrdrb\\brdrdb\\brdrw10\\clbrdrt\\brdrs\\brdrw30\\clbrdrl\\brdrth\\brdrw15\\clbrdrr\\brdrnone\\cellx2000"
+     "\\pard\\intbl x\\cell",
+     "left li0 pad4/4 solid:2 solid:2 double:3 -"},
+    {"ParagraphBordersNotTheCells", "\\brdrb\\brdrs\\clbrdrt\\brdrdb\\brdrw45\\cellx2000\\pard\\intbl\\brdrt\\brdrs x\\cell",
+     "left li0 pad4/4 double:9 - - -"},
+};
+
+class RtfTableCell : public ::testing::TestWithParam<CellCase> {};
+
+TEST_P(RtfTableCell, KeepsItsParagraphAndBorders) {
+    QTextDocument document;
+    readRtf("{\\rtf1\\trowd" + GetParam().row + "\\row}", document);
+    EXPECT_EQ(firstCell(document), QLatin1String(GetParam().expected));
 }
+
+INSTANTIATE_TEST_SUITE_P(Cells, RtfTableCell, ::testing::ValuesIn(kCells), CaseName());
 
 // RTF written by another program (pandoc), kept as a file.
 TEST(RtfFixtures, ReadBackAsWritten) {
@@ -235,51 +271,79 @@ QByteArray pictureHex(const char* format, int w, int h, Qt::GlobalColor color) {
     return bytes.data().toHex();
 }
 
-TEST(RtfPictures, ShownAtTheirSizeOrAsTheirAlternative) {
-    const QByteArray png = pictureHex("PNG", 30, 20, Qt::red), jpeg = pictureHex("JPEG", 16, 16, Qt::blue);
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"{\\*\\shppict{\\pict\\pngblip\\picw30\\pich20\\picwgoal1500\\pichgoal600\\picscalex50\\picscaley200\r\n" + png +
-             "}}{\\nonshppict{\\pict\\wmetafile8\\picw1000\\pich500 0100}}",
-         "a[50x80 red]b"},
-        {"{\\pict\\jpegblip\\picwgoal300\\pichgoal450 " + jpeg + "}", "a[20x30 blue]b"},
-        {"{\\pict\\pngblip " + png + "}", "a[30x20 red]b"},  // no goal: the picture's own size
-        {"{\\*\\shppict{\\pict\\emfblip\\picwgoal900\\pichgoal600 0100aa}}{\\nonshppict{\\pict\\pngblip"
-         "\\picwgoal900\\pichgoal600 " + png + "}}",
-         "a[60x40 red]b"},
-        {"{\\pict\\wmetafile8\\picw2540\\pich1270 0100}", "a[96x48 box]b"},  // hundredths of a millimetre
-        {"{\\pict\\emfblip\\picwgoal1500\\pichgoal750 0100}{\\nonshppict{\\pict\\wmetafile8 0100}}", "a[100x50 box]b"},
-        {"{\\pict\\pngblip\\picwgoal600\\pichgoal300 " + png.left(60) + "}", "a[40x20 box]b"},  // damaged
-        {"{\\pict\\pngblip\\bin" + QByteArray::number(png.size() / 2) + " " + QByteArray::fromHex(png) + "}",
-         "a[30x20 red]b"},
-        {"{\\nonshppict{\\pict\\pngblip " + png + "}}", "ab"},  // an alternative with nothing to stand for
-    };
-    for (const auto& [picture, expected] : cases) {
-        QTextDocument document;
-        readRtf("{\\rtf1 a" + picture + "b}", document);
-        EXPECT_EQ(describe(document), QString::fromUtf8(expected)) << picture.left(60).constData();
-    }
+// A picture shown at its goal size, scaled, or as its alternative; one that cannot be read as a box of
+// its size. The pictures are made when the test runs.
+QByteArray png() { return pictureHex("PNG", 30, 20, Qt::red); }
+QByteArray jpeg() { return pictureHex("JPEG", 16, 16, Qt::blue); }
+
+struct PictureCase { const char* name; QByteArray (*picture)(); const char* expected; };
+
+const PictureCase kPictures[] = {
+    {"ScaledGoalOverItsAlternative",
+     [] {
+         return "{\\*\\shppict{\\pict\\pngblip\\picw30\\pich20\\picwgoal1500\\pichgoal600\\picscalex50\\picscaley200\r\n" + png() +
+                "}}{\\nonshppict{\\pict\\wmetafile8\\picw1000\\pich500 0100}}";
+     },
+     "a[50x80 red]b"},
+    {"JpegAtItsGoal", [] { return "{\\pict\\jpegblip\\picwgoal300\\pichgoal450 " + jpeg() + "}"; }, "a[20x30 blue]b"},
+    {"NoGoalItsOwnSize", [] { return "{\\pict\\pngblip " + png() + "}"; }, "a[30x20 red]b"},
+    {"UnreadableFirstReadableAlternative",
+     [] {
+         return "{\\*\\shppict{\\pict\\emfblip\\picwgoal900\\pichgoal600 0100aa}}{\\nonshppict{\\pict\\pngblip"
+                "\\picwgoal900\\pichgoal600 " + png() + "}}";
+     },
+     "a[60x40 red]b"},
+    {"MetafileInHundredthsOfAMillimetre", [] { return QByteArray("{\\pict\\wmetafile8\\picw2540\\pich1270 0100}"); },
+     "a[96x48 box]b"},
+    {"NeitherReadableABox",
+     [] { return QByteArray("{\\pict\\emfblip\\picwgoal1500\\pichgoal750 0100}{\\nonshppict{\\pict\\wmetafile8 0100}}"); },
+     "a[100x50 box]b"},
+    {"DamagedABoxOfItsGoal", [] { return "{\\pict\\pngblip\\picwgoal600\\pichgoal300 " + png().left(60) + "}"; },
+     "a[40x20 box]b"},
+    {"BinaryData",
+     [] { return "{\\pict\\pngblip\\bin" + QByteArray::number(png().size() / 2) + " " + QByteArray::fromHex(png()) + "}"; },
+     "a[30x20 red]b"},
+    {"AlternativeWithNothingToStandFor", [] { return "{\\nonshppict{\\pict\\pngblip " + png() + "}}"; }, "ab"},
+};
+
+class RtfPictures : public ::testing::TestWithParam<PictureCase> {};
+
+TEST_P(RtfPictures, ShownAtTheirSizeOrAsTheirAlternative) {
+    QTextDocument document;
+    readRtf("{\\rtf1 a" + GetParam().picture() + "b}", document);
+    EXPECT_EQ(describe(document), QString::fromUtf8(GetParam().expected));
 }
 
-TEST(RtfFonts, RunsTakeTheirFamilyAndCodePage) {
+INSTANTIATE_TEST_SUITE_P(Pictures, RtfPictures, ::testing::ValuesIn(kPictures), CaseName());
+
+// A run takes its font's family (with the face that stands in for it) and reads its 8-bit characters in
+// the font's code page.
+struct FontCase { const char* name; QByteArray text; const char* expected; };
+
+const FontCase kFonts[] = {
+    {"DefaultFont", "a", "a{Times New Roman|Liberation Serif}"},
+    {"CyrillicCodePage", "\\f1 \\'cf\\'f0\\'e8\\'e2\\'e5\\'f2", "Привет{Arial|Liberation Sans}"},
+    {"SymbolAndWingdings", "\\f2 \\'b7\\'61\\f6 \\'a7", "•α▪{}"},
+    {"GreekCodePage", "\\f4 \\'e1\\'e2", "αβ{Greek Face}"},
+    {"FamiliesAndPlain", "\\f3 x\\f5 y\\plain z",
+     "x{Courier New|Liberation Mono}y{Verdana|Liberation Sans}z{Times New Roman|Liberation Serif}"},
+    {"UnicodeSkipsItsAlternative", "{\\f1 \\u1044?\\'e0}\\'e0", "Да{Arial|Liberation Sans}à{Times New Roman|Liberation Serif}"},
+    {"NoBreakSpaces", "a\\~b\\'a0c", "a\u00A0b\u00A0c{Times New Roman|Liberation Serif}"},
+};
+
+class RtfFontRuns : public ::testing::TestWithParam<FontCase> {};
+
+TEST_P(RtfFontRuns, TakeTheirFamilyAndCodePage) {
     const QByteArray table = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0\\froman\\fcharset0 Times New Roman;}"
                              "{\\f1\\fswiss\\fcharset204 Arial{\\*\\panose 020b0604020202020204};}{\\f2\\ftech\\fcharset2 Symbol;}"
                              "{\\f3\\fmodern Courier New;}{\\f4\\fnil\\fcharset161 Greek Face;}{\\f5\\fswiss Verdana;}"
                              "{\\f6\\fswiss\\fcharset2 Wingdings;}}";
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"a", "a{Times New Roman|Liberation Serif}"},
-        {"\\f1 \\'cf\\'f0\\'e8\\'e2\\'e5\\'f2", "Привет{Arial|Liberation Sans}"},
-        {"\\f2 \\'b7\\'61\\f6 \\'a7", "•α▪{}"},
-        {"\\f4 \\'e1\\'e2", "αβ{Greek Face}"},
-        {"\\f3 x\\f5 y\\plain z", "x{Courier New|Liberation Mono}y{Verdana|Liberation Sans}z{Times New Roman|Liberation Serif}"},
-        {"{\\f1 \\u1044?\\'e0}\\'e0", "Да{Arial|Liberation Sans}à{Times New Roman|Liberation Serif}"},
-        {"a\\~b\\'a0c", "a\u00A0b\u00A0c{Times New Roman|Liberation Serif}"},
-    };
-    for (const auto& [text, expected] : cases) {
-        QTextDocument document;
-        readRtf(table + text + "}", document);
-        EXPECT_EQ(describe(document, true), QString::fromUtf8(expected)) << text.constData();
-    }
+    QTextDocument document;
+    readRtf(table + GetParam().text + "}", document);
+    EXPECT_EQ(describe(document, true), QString::fromUtf8(GetParam().expected));
 }
+
+INSTANTIATE_TEST_SUITE_P(Runs, RtfFontRuns, ::testing::ValuesIn(kFonts), CaseName());
 
 // Drawn in the view: no-break spaces hold their words on one line, and Malayalam finds a font that has
 // every glyph of it, whatever font the document names.

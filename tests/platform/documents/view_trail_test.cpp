@@ -4,6 +4,7 @@
 #include "platform/documents/full_viewer.h"
 #include "platform/documents/view_place.h"
 
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <QScrollBar>
@@ -64,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(Viewer, FullViewerTrail, ::testing::Values(
     TrailCase{"ALinkDropsWhatLayAhead", "b c < < c >", 'C'},
     TrailCase{"AStoredPageOpenedInFull", "b S <", 'B'},
     TrailCase{"NothingBeforeTheFirst", "<", 'A'}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 }  // namespace
 }  // namespace documents

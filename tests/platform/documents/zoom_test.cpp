@@ -1,6 +1,7 @@
 // The reader's zoom: its keys and the wheel step it, it reaches the document shown and the next one, a
 // PDF's pages as well as a text, and it is remembered.
-#include "reader_fixture.h"
+#include "view_fixture.h"
+#include "support/case_name.h"
 
 #include "platform/documents/pdf_marks.h"
 
@@ -23,7 +24,7 @@ struct ZoomStep {
 };
 void PrintTo(const ZoomStep& s, std::ostream* os) { *os << s.name; }
 
-class ZoomKeys : public ReaderFixture, public ::testing::WithParamInterface<ZoomStep> {
+class ZoomKeys : public ViewFixture, public ::testing::WithParamInterface<ZoomStep> {
 protected:
     double lineHeight() const {
         QTextDocument* d = view->textBrowser()->document();
@@ -63,11 +64,11 @@ INSTANTIATE_TEST_SUITE_P(
                       ZoomStep{"TopStays", 400, Qt::Key_Plus, 0, 400}, ZoomStep{"BottomStays", 50, Qt::Key_Minus, 0, 50},
                       ZoomStep{"WheelUp", 100, Qt::Key_unknown, 120, 110},
                       ZoomStep{"WheelDownTwice", 100, Qt::Key_unknown, -240, 80}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 // Half way down a long document, the paragraph at the top of the view stays there as the text grows and
 // shrinks.
-TEST_F(ReaderFixture, ThePlaceReadStaysAtTheTop) {
+TEST_F(ViewFixture, ThePlaceReadStaysAtTheTop) {
     show(longRtf(3000));
     QTextBrowser* text = view->textBrowser();
     text->verticalScrollBar()->setValue(text->verticalScrollBar()->maximum() / 2);

@@ -1,4 +1,5 @@
 #include "platform/forms/text_editor_window.h"
+#include "support/case_name.h"
 
 #include <gtest/gtest.h>
 
@@ -8,12 +9,15 @@
 
 namespace {
 
-// A note opened, changed and saved; then a changed text closed: Cancel keeps it, Yes saves it under the
-// name asked for and stays when none is given, No drops it.
-TEST(TextEditorWindow, OpensSavesAndAsksBeforeLosingChanges) {
+QByteArray contentsOf(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : "-";
+}
+
+// A note opened, changed and saved.
+TEST(TextEditorWindow, OpensAndSaves) {
     QTemporaryDir dir;
-    const QString note = dir.filePath("note.txt"), copy = dir.filePath("copy.txt");
-    const auto read = [](const QString& path) { QFile f(path); return f.open(QIODevice::ReadOnly) ? f.readAll() : "-"; };
+    const QString note = dir.filePath("note.txt");
     QFile f(note);
     ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write("Kochi\n") > 0 && f.flush());
     forms::TextEditorWindow w;
@@ -22,20 +26,35 @@ TEST(TextEditorWindow, OpensSavesAndAsksBeforeLosingChanges) {
     QTest::keyClicks(w.Text1, "Place: ");
     EXPECT_EQ(w.windowTitle(), "*note.txt - Notepad");
     w.save();
-    EXPECT_EQ(read(note), "Place: Kochi\n");
-    const struct { int answer; bool named; bool closes; const char* copyHolds; } cases[] = {
-        {forms::vbCancel, true, false, "-"}, {forms::vbYes, false, false, "-"}, {forms::vbYes, true, true, "x"},
-        {forms::vbNo, true, true, "-"}};
-    for (const auto& c : cases) {
-        QFile::remove(copy);
-        forms::TextEditorWindow fresh;
-        fresh.show();
-        QTest::keyClicks(fresh.Text1, "x");
-        fresh.askSaveName = [&] { return c.named ? copy : QString(); };
-        forms::MsgBoxRecorder boxes{c.answer};
-        EXPECT_EQ(fresh.close(), c.closes) << c.answer << c.named;
-        EXPECT_EQ(read(copy), c.copyHolds) << c.answer << c.named;
-    }
+    EXPECT_EQ(contentsOf(note), "Place: Kochi\n");
 }
+
+// A changed text closed: Cancel keeps it, Yes saves it under the name asked for and stays when none is
+// given, No drops it.
+struct CloseCase { const char* name; int answer; bool named; bool closes; const char* copyHolds; };
+
+const CloseCase kCloses[] = {
+    {"CancelKeepsTheWindow", forms::vbCancel, true, false, "-"},
+    {"YesWithoutANameStays", forms::vbYes, false, false, "-"},
+    {"YesSavesAndCloses", forms::vbYes, true, true, "x"},
+    {"NoDropsTheText", forms::vbNo, true, true, "-"},
+};
+
+class TextEditorClose : public ::testing::TestWithParam<CloseCase> {};
+
+TEST_P(TextEditorClose, AsksBeforeLosingChanges) {
+    const CloseCase& c = GetParam();
+    QTemporaryDir dir;
+    const QString copy = dir.filePath("copy.txt");
+    forms::TextEditorWindow fresh;
+    fresh.show();
+    QTest::keyClicks(fresh.Text1, "x");
+    fresh.askSaveName = [&] { return c.named ? copy : QString(); };
+    forms::MsgBoxRecorder boxes{c.answer};
+    EXPECT_EQ(fresh.close(), c.closes);
+    EXPECT_EQ(contentsOf(copy), c.copyHolds);
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, TextEditorClose, ::testing::ValuesIn(kCloses), CaseName());
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "platform/forms/window_update.h"
+#include "support/case_name.h"
 
 namespace {
 
@@ -13,7 +14,6 @@ struct Conversion {
     int from, to;
 };
 
-std::string conversionName(const ::testing::TestParamInfo<Conversion>& info) { return info.param.name; }
 
 // To pixels rounds to the nearest pixel, halves away from zero.
 class TwipsToPixels : public ::testing::TestWithParam<Conversion> {};
@@ -28,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(Twips, TwipsToPixels,
                                            Conversion{"FrameTop", 1740, 116}, Conversion{"BannerLeft", 2590, 173},
                                            Conversion{"WindowWidth", 13650, 910}, Conversion{"MinusOnePixel", -15, -1},
                                            Conversion{"MinusHalfAwayFromZero", -8, -1}),
-                         conversionName);
+                         CaseName());
 
 // Back to twips is exact.
 class PixelsToTwips : public ::testing::TestWithParam<Conversion> {};
@@ -38,7 +38,7 @@ TEST_P(PixelsToTwips, AreExact) { EXPECT_EQ(forms::toTwips(GetParam().from), Get
 INSTANTIATE_TEST_SUITE_P(Twips, PixelsToTwips,
                          ::testing::Values(Conversion{"Zero", 0, 0}, Conversion{"OnePixel", 1, 15},
                                            Conversion{"FrameTop", 116, 1740}, Conversion{"Negative", -2, -30}),
-                         conversionName);
+                         CaseName());
 
 TEST(LockWindowUpdate, HoldsOneWindowUntilReleased) {
     QWidget first, second;

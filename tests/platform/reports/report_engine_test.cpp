@@ -5,6 +5,7 @@
 #include "platform/reports/report_data.h"
 #include "platform/reports/report_template.h"
 #include "platform/store/connection.h"
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <QProcess>
@@ -104,20 +105,29 @@ TEST_F(Engine, LongRegisterBreaksIntoPages) {
     EXPECT_TRUE(pageText(pdf, pages).contains("12345.68"));
 }
 
+// A data file that is missing, or lacks the table or column the template names, is named with the fault.
 // An unreadable data file is pinned by the register window's tests.
-TEST_F(Engine, DataFileFaultsNameTheFile) {
-    const struct { QString templateText, file; int number; const char* says; } cases[] = {
-        {kTemplate, dir.filePath("none.mdb"), 53, "is not there"},
-        {QString(kTemplate).replace("source = bills", "source = billz"), data, 75, "billz"},
-        {QString(kTemplate).replace("Amount | 2", "Amt | 2"), data, 75, "has no column Amt"},
-    };
-    for (const auto& c : cases) {
-        const reports::ReportTemplate t = reports::parseTemplate(c.templateText, "R.rpt");
-        const basic::RuntimeError e = basic::resume([&] { reports::loadData(t, c.file); });
-        EXPECT_EQ(e.number(), c.number) << c.says;
-        EXPECT_TRUE(e.description().contains(c.file)) << e.description().toStdString();
-        EXPECT_TRUE(e.description().contains(c.says)) << e.description().toStdString();
-    }
+struct DataFault { const char* name; const char* from; const char* to; bool missingFile; int number; const char* says; };
+
+const DataFault kDataFaults[] = {
+    {"MissingFile", "", "", true, 53, "is not there"},
+    {"MissingTable", "source = bills", "source = billz", false, 75, "billz"},
+    {"MissingColumn", "Amount | 2", "Amt | 2", false, 75, "has no column Amt"},
+};
+
+class DataFileFaults : public Engine, public ::testing::WithParamInterface<DataFault> {};
+
+TEST_P(DataFileFaults, NameTheFile) {
+    const DataFault& c = GetParam();
+    const QString file = c.missingFile ? dir.filePath("none.mdb") : data;
+    const QString text = *c.from ? QString(kTemplate).replace(c.from, c.to) : kTemplate;
+    const reports::ReportTemplate t = reports::parseTemplate(text, "R.rpt");
+    const basic::RuntimeError e = basic::resume([&] { reports::loadData(t, file); });
+    EXPECT_EQ(e.number(), c.number);
+    EXPECT_TRUE(e.description().contains(file)) << e.description().toStdString();
+    EXPECT_TRUE(e.description().contains(c.says)) << e.description().toStdString();
 }
+
+INSTANTIATE_TEST_SUITE_P(Faults, DataFileFaults, ::testing::ValuesIn(kDataFaults), CaseName());
 
 }  // namespace

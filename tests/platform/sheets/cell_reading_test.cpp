@@ -2,6 +2,7 @@
 // words of the reason.
 #include "platform/sheets/cell_reading.h"
 
+#include "support/case_name.h"
 #include "support/printers.h"
 
 #include <gtest/gtest.h>
@@ -37,8 +38,6 @@ void check(const Reading<T>& r, const Case<T>& c) {
     }
 }
 
-template <class T>
-std::string nameOf(const ::testing::TestParamInfo<Case<T>>& info) { return info.param.name; }
 
 using DateCase = Case<QDate>;
 const DateCase kDates[] = {
@@ -75,7 +74,7 @@ const DateCase kDates[] = {
 
 class Dates : public ::testing::TestWithParam<DateCase> {};
 TEST_P(Dates, ReadDayFirst) { check(ReadDate(QString::fromUtf8(GetParam().text)), GetParam()); }
-INSTANTIATE_TEST_SUITE_P(Cells, Dates, ::testing::ValuesIn(kDates), nameOf<QDate>);
+INSTANTIATE_TEST_SUITE_P(Cells, Dates, ::testing::ValuesIn(kDates), CaseName());
 
 struct SerialCase {
     const char* name;
@@ -100,7 +99,7 @@ TEST_P(Serials, CountedAsTheSpreadsheetCounts) {
     const auto& c = GetParam();
     check(DateOfSerial(c.serial), DateCase{c.name, "", c.date, c.reason});
 }
-INSTANTIATE_TEST_SUITE_P(Cells, Serials, ::testing::ValuesIn(kSerials), [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cells, Serials, ::testing::ValuesIn(kSerials), CaseName());
 
 using AmountCase = Case<double>;
 const AmountCase kAmounts[] = {
@@ -133,7 +132,7 @@ const AmountCase kAmounts[] = {
 
 class Amounts : public ::testing::TestWithParam<AmountCase> {};
 TEST_P(Amounts, ReadWithTheirGroupingAndSign) { check(ReadAmount(QString::fromUtf8(GetParam().text)), GetParam()); }
-INSTANTIATE_TEST_SUITE_P(Cells, Amounts, ::testing::ValuesIn(kAmounts), nameOf<double>);
+INSTANTIATE_TEST_SUITE_P(Cells, Amounts, ::testing::ValuesIn(kAmounts), CaseName());
 
 const AmountCase kPercents[] = {
     {"Plain", "12.5", 12.5},
@@ -149,6 +148,6 @@ const AmountCase kPercents[] = {
 
 class Percents : public ::testing::TestWithParam<AmountCase> {};
 TEST_P(Percents, ReadWithOrWithoutTheSign) { check(ReadPercent(QString::fromUtf8(GetParam().text)), GetParam()); }
-INSTANTIATE_TEST_SUITE_P(Cells, Percents, ::testing::ValuesIn(kPercents), nameOf<double>);
+INSTANTIATE_TEST_SUITE_P(Cells, Percents, ::testing::ValuesIn(kPercents), CaseName());
 
 }  // namespace

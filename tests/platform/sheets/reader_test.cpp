@@ -3,6 +3,7 @@
 #include "platform/sheets/sheet_reader.h"
 #include "platform/sheets/sheet_writer.h"
 #include "sheet_files.h"
+#include "support/case_name.h"
 
 #include "platform/basic/runtime_error.h"
 
@@ -107,8 +108,7 @@ TEST_P(OtherWriters, CellReadAsTheSpreadsheetShowsIt) {
     EXPECT_TRUE(here.value(0).contains(c.problem)) << here.value(0).toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Cells, OtherWriters, ::testing::ValuesIn(kOtherWriters),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cells, OtherWriters, ::testing::ValuesIn(kOtherWriters), CaseName());
 
 // CSV bytes and the rows they give.
 struct CsvCase {
@@ -164,8 +164,7 @@ TEST_P(CsvFiles, RowsAsWritten) {
     EXPECT_EQ(sheet.problems.size(), c.problems);
 }
 
-INSTANTIATE_TEST_SUITE_P(Bytes, CsvFiles, ::testing::ValuesIn(kCsv),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Bytes, CsvFiles, ::testing::ValuesIn(kCsv), CaseName());
 
 // Files the reader refuses, and what it says.
 struct RefusedCase {
@@ -204,8 +203,7 @@ TEST_P(RefusedFiles, OneClearMessageNamingTheFile) {
     EXPECT_TRUE(e.description().contains(QString::fromUtf8(c.words))) << e.description().toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, RefusedFiles, ::testing::ValuesIn(kRefused),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Files, RefusedFiles, ::testing::ValuesIn(kRefused), CaseName());
 
 // The bounds: rows to the limit and a flag past it (trailing empty rows not counted), columns cut
 // with a word, in each format.
@@ -312,6 +310,6 @@ else:
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, LargeSheets, ::testing::Values(LargeCase{"Csv", "month.csv"}, LargeCase{"Xlsx", "month.xlsx"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         CaseName());
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "platform/sheets/sheet_reader.h"
 #include "platform/sheets/sheet_writer.h"
 #include "sheet_files.h"
+#include "support/case_name.h"
 
 #include "platform/basic/runtime_error.h"
 
@@ -144,8 +145,7 @@ TEST_P(CsvFields, WrittenAsTheyMustBe) {
     EXPECT_EQ(f.readAll(), QByteArray("\xEF\xBB\xBF") + c.line + "\r\nend\r\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Fields, CsvFields, ::testing::ValuesIn(kCsv),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Fields, CsvFields, ::testing::ValuesIn(kCsv), CaseName());
 
 // A write that fails: the error names the file, the old file is left as it was, nothing else is left.
 enum class Fault { ReadOnlyFolder, FullDisk, SizeLimit };
@@ -244,8 +244,7 @@ const FaultCase kFaults[] = {
     {"CsvSizeLimit", "bills.csv", Fault::SizeLimit, 61, "the disk is full"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Faults, WriteFaults, ::testing::ValuesIn(kFaults),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Faults, WriteFaults, ::testing::ValuesIn(kFaults), CaseName());
 
 // Workbooks no format can hold are refused before a byte is written.
 struct RefusedCase {
@@ -277,7 +276,6 @@ const RefusedCase kRefused[] = {
     {"TextTooLong", {Sheet{"S", {{}, {Cell::ofText(QString(40000, 'x'))}}, {}}}, "cell A2"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Refused, RefusedWorkbooks, ::testing::ValuesIn(kRefused),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Refused, RefusedWorkbooks, ::testing::ValuesIn(kRefused), CaseName());
 
 }  // namespace

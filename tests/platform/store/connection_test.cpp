@@ -1,33 +1,43 @@
 // Opening files by the system's connection strings, keys, the shared handle and its transactions.
 #include "fixture.h"
+#include "support/case_name.h"
 
 namespace {
 
 using Connections = StoreFixture;
 
-TEST_F(Connections, OpenByEveryFormOfTheStringAndRefuseAnyOtherKey) {
-    const QString sd02 = QStringLiteral("\\1309214SD02.mdb;");
+// A keyed file and the return file opened by each form of the string; a wrong key, no key or a missing
+// file refused (error 0: it opens), and a missing file not made by the attempt.
+struct OpenCase { const char* name; QString file, tail; int error; bool lowerCaseForm = false; };
+
+const OpenCase kOpens[] = {
+    {"KeyedFile", "\\1309214SD02.mdb;", "Uid=admin;Pwd=lantern", 0},
+    {"TrailingSemicolon", "\\1309214SD02.mdb;", "Uid=admin;Pwd=lantern;", 0},
+    {"LowerCaseWordsAndNoUser", "/1309214SD02.mdb", "", 0, true},
+    {"WrongKey", "\\1309214SD02.mdb;", "Uid=admin;Pwd=bergamot;", -2147467259},
+    {"NoKey", "\\1309214SD02.mdb;", "Uid=admin;", -2147467259},
+    {"FileWithoutKey", "\\nwForm10DB.mdb", "", 0},
+    {"MissingFile", "\\missing.mdb", "", -2147467259},
+};
+
+class ConnectionStrings : public StoreFixture, public ::testing::WithParamInterface<OpenCase> {};
+
+TEST_P(ConnectionStrings, OpenByEveryFormOfTheStringAndRefuseAnyOtherKey) {
     store::Connection keyed;
-    keyed.Create(connectionString(sd02, QStringLiteral("Uid=admin;Pwd=lantern")));
+    keyed.Create(connectionString(QStringLiteral("\\1309214SD02.mdb;"), QStringLiteral("Uid=admin;Pwd=lantern")));
     keyed.Execute(QStringLiteral("CREATE TABLE t (x)"));
-    const struct { QString connectionString; int error; } cases[] = {   // error 0: it opens
-        {connectionString(sd02, QStringLiteral("Uid=admin;Pwd=lantern")), 0},
-        {connectionString(sd02, QStringLiteral("Uid=admin;Pwd=lantern;")), 0},
-        {QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=%1/1309214SD02.mdb;uid=;PWD=lantern")
-             .arg(dir.path()), 0},
-        {connectionString(sd02, QStringLiteral("Uid=admin;Pwd=bergamot;")), -2147467259},
-        {connectionString(sd02, QStringLiteral("Uid=admin;")), -2147467259},
-        {connectionString(QStringLiteral("\\nwForm10DB.mdb")), 0},
-        {connectionString(QStringLiteral("\\missing.mdb")), -2147467259},
-    };
-    for (const auto& c : cases) {
-        store::Connection other;
-        EXPECT_EQ(errorNumber([&] { other.Open(c.connectionString); }), c.error) << c.connectionString.toStdString();
-        EXPECT_EQ(other.State(), c.error ? 0 : 1);
-        if (other.State()) other.Close();
-    }
+    const OpenCase& c = GetParam();
+    const QString string = c.lowerCaseForm
+                               ? QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=%1%2;uid=;PWD=lantern").arg(dir.path(), c.file)
+                               : connectionString(c.file, c.tail);
+    store::Connection other;
+    EXPECT_EQ(errorNumber([&] { other.Open(string); }), c.error);
+    EXPECT_EQ(other.State(), c.error ? 0 : 1);
+    if (other.State()) other.Close();
     EXPECT_FALSE(QFile::exists(dir.path() + QStringLiteral("/missing.mdb")));
 }
+
+INSTANTIATE_TEST_SUITE_P(Strings, ConnectionStrings, ::testing::ValuesIn(kOpens), CaseName());
 
 TEST_F(Connections, ShareOneHandleSoATransactionCoversEveryConnection) {
     store::Connection second;

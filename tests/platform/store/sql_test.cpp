@@ -1,11 +1,10 @@
 // The statements the system sends, as it writes them, over a small database: the rows they give.
 #include "fixture.h"
+#include "support/case_name.h"
 
 namespace {
 
 struct Case { const char* name, *statement, *rows; };
-
-std::string caseName(const ::testing::TestParamInfo<Case>& info) { return info.param.name; }
 
 class RealStatements : public StoreFixture, public ::testing::WithParamInterface<Case> {};
 
@@ -39,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"RptSalesWithoutBlanks", "SELECT * FROM  tblRptSales Where cCode =''AND cMonth= 'May'AND cAddress= ''", "|May||1.5"},
         Case{"DateLiterals", "SELECT SlNo FROM tblPurchase1 WHERE BillDate>=#18/Sep/2008# AND BillDate<#12/31/2008# ORDER BY BillDate",
                       "2;1"}),
-    caseName);
+    CaseName());
 
 // One expression rule per row: operators, functions and literals of the desktop dialect; the value on the
 // row of ID 2.
@@ -74,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"DoubleQuotedText", "\"dq\"", "dq"},
                       Case{"BracketedNames", "[Kerala].[name]", "Section 2"},
                       Case{"BackQuotedName", "`type`", "ACT"}),
-    caseName);
+    CaseName());
 
 TEST_F(StoreFixture, FailedStatementRaisesTheDatabaseMessageAndChangesNothing) {
     cn.Execute(QStringLiteral("CREATE TABLE t (n INTEGER CHECK (n < 3))"));

@@ -1,4 +1,5 @@
 #include "platform/system/register_server.h"
+#include "support/case_name.h"
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -13,25 +14,31 @@ bool isLoaded(const QString& path) {
     return handle != nullptr;
 }
 
-TEST(RegisterServerFile, GivesItsStatusWithinItsLimit) {
-    enum Loaded { NotChecked, Yes, No };
-    const struct { QString path; int mode, limitMs, status; Loaded loadedAfter; } cases[] = {
-        {QString(), 1, 200, 0, NotChecked},
-        {QStringLiteral("/nonexistent/crystl32.ocx"), 1, 200, 1, NotChecked},
-        {QStringLiteral(VORLAN_SOURCE_DIR "/CMakeLists.txt"), 1, 200, 1, NotChecked},  // not a library
-        {QStringLiteral("libm.so.6"), 1, 200, 2, NotChecked},                            // no such entry
-        {QStringLiteral(TEST_SERVER), 3, 200, 2, No},
-        {QStringLiteral(TEST_SERVER), 1, 200, 4, No},
-        {QStringLiteral(TEST_SERVER), 2, 3000, 5, No},
-        {QStringLiteral(TEST_SERVER_HELD), 2, 200, 3, Yes},  // timed out: left loaded
-    };
-    for (const auto& c : cases) {
-        const auto start = std::chrono::steady_clock::now();
-        EXPECT_EQ(sys::RegisterServerFile(c.path, c.mode, c.limitMs), c.status) << c.path.toStdString() << c.mode;
-        // The wait never runs much past its limit.
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(c.limitMs + 1000));
-        if (c.loadedAfter != NotChecked) { EXPECT_EQ(isLoaded(c.path), c.loadedAfter == Yes) << c.mode; }
-    }
+enum class Loaded { NotChecked, Yes, No };
+struct ServerCase { const char* name; QString path; int mode, limitMs, status; Loaded loadedAfter; };
+
+const ServerCase kServers[] = {
+    {"NoPath", QString(), 1, 200, 0, Loaded::NotChecked},
+    {"MissingFile", QStringLiteral("/nonexistent/crystl32.ocx"), 1, 200, 1, Loaded::NotChecked},
+    {"NotALibrary", QStringLiteral(VORLAN_SOURCE_DIR "/CMakeLists.txt"), 1, 200, 1, Loaded::NotChecked},
+    {"NoSuchEntry", QStringLiteral("libm.so.6"), 1, 200, 2, Loaded::NotChecked},
+    {"UnknownMode", QStringLiteral(TEST_SERVER), 3, 200, 2, Loaded::No},
+    {"Registered", QStringLiteral(TEST_SERVER), 1, 200, 4, Loaded::No},
+    {"Unregistered", QStringLiteral(TEST_SERVER), 2, 3000, 5, Loaded::No},
+    {"TimedOutLeftLoaded", QStringLiteral(TEST_SERVER_HELD), 2, 200, 3, Loaded::Yes},
+};
+
+class RegisterServerFile : public ::testing::TestWithParam<ServerCase> {};
+
+TEST_P(RegisterServerFile, GivesItsStatusWithinItsLimit) {
+    const ServerCase& c = GetParam();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(sys::RegisterServerFile(c.path, c.mode, c.limitMs), c.status);
+    // The wait never runs much past its limit.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(c.limitMs + 1000));
+    if (c.loadedAfter != Loaded::NotChecked) { EXPECT_EQ(isLoaded(c.path), c.loadedAfter == Loaded::Yes); }
 }
+
+INSTANTIATE_TEST_SUITE_P(Files, RegisterServerFile, ::testing::ValuesIn(kServers), CaseName());
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The text index the builder writes into the first library file: an entry for each row with a document,
 // with the key that shows it, its kind and its date; and which rows the words of a document find.
 #include "library_files.h"
+#include "support/case_name.h"
 
 #include <QPainter>
 #include <QPdfWriter>
@@ -9,30 +10,41 @@ using namespace libtest;
 
 namespace {
 
-TEST(TextIndex, HoldsEachRowWithItsKindAndDate)
+// An entry for each row with a document: its title, kind and date as the list shows them.
+struct EntryCase { const char* name; QString key, title, kind, date; };
+
+const EntryCase kEntries[] = {
+    {"CircularWithDate", "Kerala:300", "Circular 18/2009 — Input tax credit on capital goods used partly for exempted sales",
+     "Circular", "2009-07-14"},
+    {"SecondCircular", "Kerala:301", "Circular 7/2010 — Stock transfer of goods to branches outside the State", "Circular",
+     "2010-03-02"},
+    {"MalayalamCircular", "Kerala:303", "സർക്കുലർ 5/2012 — ചെറുകിട വ്യാപാരികളുടെ രജിസ്ട്രേഷൻ", "Circular", "2012-02-10"},
+    {"MalayalamNotification", "Kerala:306", "എസ്.ആർ.ഒ 75/2013 — കൈത്തറി തുണിത്തരങ്ങൾക്ക് നികുതി ഇളവ്", "Notification", "2013-01-15"},
+    {"Rules", "Kerala:43", "THE KERALA TAX ON LUXURIES RULES 1976", "Rules", ""},
+    {"Notifications", "Kerala:46", "KERALA LUXURY TAX NOTIFICATIONS", "Notification", ""},
+    {"Forms", "Kerala:103", "LUXURY Forms", "Form", ""},
+    {"Form", "Kerala:31", "FORM 1 — Application for registration", "Form", ""},
+    {"Schedule", "Allshedule:3", "Third Schedule - Goods taxed at 4 per cent", "Schedule", ""},
+    {"Practice", "CAPractice:2", "Audit programme for dealers", "Form", ""},
+    // A row whose file another row names too has its own entry; the stand-by page has none.
+    {"FileNamedTwice", "Kerala:104", "FORMI", "Form", ""},
+    {"StandByPageHasNone", "Globalvat:1", "", "", ""},
+};
+
+class TextIndex : public ::testing::TestWithParam<EntryCase> {};
+
+TEST_P(TextIndex, HoldsEachRowWithItsKindAndDate)
 {
-    const struct { QString key, title, kind, date; } cases[] = {
-        {"Kerala:300", "Circular 18/2009 — Input tax credit on capital goods used partly for exempted sales",
-         "Circular", "2009-07-14"},
-        {"Kerala:301", "Circular 7/2010 — Stock transfer of goods to branches outside the State", "Circular",
-         "2010-03-02"},
-        {"Kerala:303", "സർക്കുലർ 5/2012 — ചെറുകിട വ്യാപാരികളുടെ രജിസ്ട്രേഷൻ", "Circular", "2012-02-10"},
-        {"Kerala:306", "എസ്.ആർ.ഒ 75/2013 — കൈത്തറി തുണിത്തരങ്ങൾക്ക് നികുതി ഇളവ്", "Notification", "2013-01-15"},
-        {"Kerala:43", "THE KERALA TAX ON LUXURIES RULES 1976", "Rules", ""},
-        {"Kerala:46", "KERALA LUXURY TAX NOTIFICATIONS", "Notification", ""},
-        {"Kerala:103", "LUXURY Forms", "Form", ""},
-        {"Kerala:31", "FORM 1 — Application for registration", "Form", ""},
-        {"Allshedule:3", "Third Schedule - Goods taxed at 4 per cent", "Schedule", ""},
-        {"CAPractice:2", "Audit programme for dealers", "Form", ""},
-        // A row whose file another row names too has its own entry; the stand-by page has none.
-        {"Kerala:104", "FORMI", "Form", ""},
-        {"Globalvat:1", "", "", ""},
-    };
-    const QString dir = sampleLibrary();
-    for (const auto& c : cases)
-        EXPECT_EQ(query(dir, kFile1, "SELECT title, kind, date FROM LibraryText WHERE key = '" + c.key + "'").join(';'),
-                  c.title.isEmpty() ? QString() : c.title + '|' + c.kind + '|' + c.date) << c.key.toStdString();
-    EXPECT_EQ(query(dir, kFile1, "SELECT key FROM LibraryText WHERE LibraryText MATCH 'boiler'"), QStringList{"Kerala:300"});
+    const EntryCase& c = GetParam();
+    EXPECT_EQ(query(sampleLibrary(), kFile1, "SELECT title, kind, date FROM LibraryText WHERE key = '" + c.key + "'").join(';'),
+              c.title.isEmpty() ? QString() : c.title + '|' + c.kind + '|' + c.date);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, TextIndex, ::testing::ValuesIn(kEntries), CaseName());
+
+TEST(TextIndexWords, FindTheirDocument)
+{
+    EXPECT_EQ(query(sampleLibrary(), kFile1, "SELECT key FROM LibraryText WHERE LibraryText MATCH 'boiler'"), QStringList{"Kerala:300"});
 }
 
 // The sample library and a few rows more, built once.

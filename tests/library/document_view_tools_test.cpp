@@ -1,15 +1,16 @@
 // The reader's tools on the document window: the printed head names the row shown, as the text index has
 // it, whichever way the row was reached; and the same document opened in full prints under the same head.
 #include "library_window_fixture.h"
+#include "support/case_name.h"
 
-#include "library/document_reader.h"
+#include "library/document_view_tools.h"
 #include "platform/basic/clock.h"
+#include "platform/basic/settings.h"
 #include "platform/documents/full_viewer.h"
 
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QProcess>
-#include <QSettings>
 
 namespace {
 
@@ -47,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
             "SELECT Globalvat.fname FROM Globalvat WHERE (((Globalvat.name)='default') AND ((Globalvat.type)='default'));",
             "default", "Judgement"},
         Row{"NoRow", "Kerala", "select fname from Kerala where name='none'", "", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName());
 
 QString firstPageOf(const QString& pdf) {
     QProcess reader;
@@ -103,8 +104,7 @@ TEST_F(LibraryWindows, TheWindowAndTheFullViewPrintUnderTheRowsHead) {
         EXPECT_TRUE(page.contains(QStringLiteral("\nCircular\n"))) << file;
         EXPECT_TRUE(page.contains(QStringLiteral("Printed on 24-11-2026"))) << file;
     }
-    EXPECT_EQ(QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlan"), QStringLiteral("Vorlan"))
-                  .value(QStringLiteral("reader/pdfFolder")), out.path());
+    EXPECT_EQ(basic::Settings().value(QStringLiteral("reader/pdfFolder")), out.path());
     documents::DocumentPrinter::askPdfFile = asked;
     documents::DocumentPrinter::runPreview = previewer;
     basic::Clock::reset();

@@ -13,18 +13,18 @@ class DocumentView;
 class ViewDarkness;
 class ViewZoom;
 
-class ReaderTools : public QObject {
+class ViewTools : public QObject {
     Q_OBJECT
 public:
     // `head` tells what the shown document is called when it is printed; without one, headOf(view).
-    static ReaderTools* attach(DocumentView* view, std::function<PrintHead()> head = {});
+    static ViewTools* attach(DocumentView* view, std::function<PrintHead()> head = {});
 
     DocumentPrinter* printer;
     ViewZoom* zoom;
     ViewDarkness* darkness;
 
 private:
-    ReaderTools(DocumentView* view, std::function<PrintHead()> head);
+    ViewTools(DocumentView* view, std::function<PrintHead()> head);
     void showMenu(QWidget* over, const QPoint& at);
     DocumentView* view_;
 };

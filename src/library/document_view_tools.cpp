@@ -1,9 +1,9 @@
-#include "library/document_reader.h"
+#include "library/document_view_tools.h"
 
 #include "library/keralaforms.h"
 #include "library/library_text.h"
 #include "platform/basic/log.h"
-#include "platform/documents/reader_tools.h"
+#include "platform/documents/view_tools.h"
 #include "platform/store/recordset.h"
 #include "shell/my_mod.h"
 
@@ -79,7 +79,7 @@ void attachViewTools(keralaforms* window) {
         documents::nameDocument(view->document(), h);
         return h;
     };
-    documents::ReaderTools::attach(view, head);
+    documents::ViewTools::attach(view, head);
     QObject::connect(view, &documents::OleContainer::Click, window, [head] { head(); });
 }
 

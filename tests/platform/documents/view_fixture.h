@@ -1,19 +1,20 @@
 #pragma once
-// A document view in a window of its own with the reader's tools, its remembered settings in a folder of
+// A document view in a window of its own with its view tools, its remembered settings in a folder of
 // the test's own, the zoom at 100 and light on dark off.
+#include "platform/basic/settings.h"
 #include "platform/documents/document_view.h"
 #include "platform/documents/find_bar.h"
 #include "platform/documents/light_on_dark.h"
-#include "platform/documents/reader_tools.h"
+#include "platform/documents/view_tools.h"
 #include "platform/documents/zoom.h"
 
+#include "support/made_pdfs.h"
 #include "support/printers.h"
 
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfView>
 #include <QPdfWriter>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
@@ -21,24 +22,6 @@
 #include <gtest/gtest.h>
 
 namespace documents {
-
-// A PDF of A4 pages with one line of text each, an inch from the page's left and top.
-inline QByteArray pdfOfLines(const QStringList& lines) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setResolution(72);
-    QPainter painter(&writer);
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setPixelSize(14);
-    painter.setFont(font);
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (i > 0) writer.newPage();
-        painter.drawText(QPointF(72, 72), lines[i]);
-    }
-    painter.end();
-    return buffer.data();
-}
 
 // Paragraphs of words, long enough to fill pages.
 inline QByteArray longRtf(int paragraphs) {
@@ -49,7 +32,7 @@ inline QByteArray longRtf(int paragraphs) {
     return rtf + "}";
 }
 
-class ReaderFixture : public ::testing::Test {
+class ViewFixture : public ::testing::Test {
 protected:
     void SetUp() override {
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settingsDir.path());
@@ -59,7 +42,7 @@ protected:
         (new QVBoxLayout(&window))->addWidget(view);
         window.layout()->setContentsMargins(0, 0, 0, 0);
         bar = FindBar::attach(view);
-        tools = ReaderTools::attach(view, [] { return PrintHead{QStringLiteral("Circular 18/2009"), QStringLiteral("Circular")}; });
+        tools = ViewTools::attach(view, [] { return PrintHead{QStringLiteral("Circular 18/2009"), QStringLiteral("Circular")}; });
         window.resize(800, 600);
         window.show();
         window.activateWindow();
@@ -83,13 +66,13 @@ protected:
         }, 3000));
     }
     QVariant stored(const QString& key) const {
-        return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlan"), QStringLiteral("Vorlan")).value(key);
+        return basic::Settings().value(key);
     }
     QTemporaryDir settingsDir;
     QWidget window;
     DocumentView* view = nullptr;
     FindBar* bar = nullptr;
-    ReaderTools* tools = nullptr;
+    ViewTools* tools = nullptr;
 };
 
 }  // namespace documents

@@ -1,4 +1,4 @@
-#include "platform/documents/reader_tools.h"
+#include "platform/documents/view_tools.h"
 
 #include "platform/documents/document_view.h"
 #include "platform/documents/light_on_dark.h"
@@ -12,12 +12,12 @@
 
 namespace documents {
 
-ReaderTools* ReaderTools::attach(DocumentView* view, std::function<PrintHead()> head) {
+ViewTools* ViewTools::attach(DocumentView* view, std::function<PrintHead()> head) {
     if (!head) head = [view] { return headOf(*view); };
-    return new ReaderTools(view, std::move(head));
+    return new ViewTools(view, std::move(head));
 }
 
-ReaderTools::ReaderTools(DocumentView* view, std::function<PrintHead()> head)
+ViewTools::ViewTools(DocumentView* view, std::function<PrintHead()> head)
     : QObject(view),
       printer(DocumentPrinter::attach(view, std::move(head))),
       zoom(ViewZoom::attach(view)),
@@ -33,7 +33,7 @@ ReaderTools::ReaderTools(DocumentView* view, std::function<PrintHead()> head)
 }
 
 // The text's own entries (Copy, Select All) first, then every action the view has been given.
-void ReaderTools::showMenu(QWidget* over, const QPoint& at) {
+void ViewTools::showMenu(QWidget* over, const QPoint& at) {
     std::unique_ptr<QMenu> menu(over->parent() == view_->textBrowser()
                                     ? view_->textBrowser()->createStandardContextMenu(at)
                                     : new QMenu);
