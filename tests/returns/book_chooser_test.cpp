@@ -47,6 +47,18 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(c));
         return c;
     }
+    // frmSelect shown, and through its "Dealer and year" the book of that dealer and year opened.
+    frmSelect* selectShown() {
+        auto* select = forms::get<frmSelect>("frmSelect");
+        select->Show();
+        return select;
+    }
+    bool openBook(frmSelect* select, const QString& tin, int year) {
+        select->cmdBook_Click();
+        auto* c = forms::get<BookChooser>("BookChooser");
+        c->Choose(tin, year);
+        return c->OpenChosen();
+    }
     forms::MsgBoxRecorder boxes;
 };
 
@@ -172,12 +184,8 @@ class SwitchBooks : public Chooser, public ::testing::WithParamInterface<SwitchC
 // the window shows the other book's month, and its Add stores nothing of the first book there.
 TEST_P(SwitchBooks, TheNextBookShowsAndStoresNoneOfTheBillsBefore) {
     const int kind = GetParam().kind;
-    auto* select = forms::get<frmSelect>("frmSelect");
-    select->Show();
-    auto* c = forms::get<BookChooser>("BookChooser");
-    select->cmdBook_Click();
-    c->Choose("32070000001", 2025);
-    ASSERT_TRUE(c->OpenChosen());
+    frmSelect* select = selectShown();
+    ASSERT_TRUE(openBook(select, "32070000001", 2025));
     select->Option1_KeyPress(13);
     auto* normal = forms::get<frmNormal>("frmNormal");
     ASSERT_TRUE(normal->isVisible());
@@ -200,9 +208,7 @@ TEST_P(SwitchBooks, TheNextBookShowsAndStoresNoneOfTheBillsBefore) {
     ASSERT_EQ(billsIn("32070000001", 2025), 1);
 
     if (GetParam().closeBox) normal->close();
-    select->cmdBook_Click();
-    c->Choose("32080000002", 2025);
-    ASSERT_TRUE(c->OpenChosen());
+    ASSERT_TRUE(openBook(select, "32080000002", 2025));
     if (GetParam().closeBox) select->Option1_KeyPress(13);
     ASSERT_TRUE(normal->isVisible());
     normal->List4->setListIndex(kind == 1 ? 1 : 0);
@@ -233,12 +239,8 @@ class FormOpenAtSwitch : public Chooser, public ::testing::WithParamInterface<Fo
 // form's own book or nowhere, never to the book chosen next, and the form of the old book closes.
 TEST_P(FormOpenAtSwitch, TypedBoxesStayWithTheirBook) {
     const FormAtSwitch& p = GetParam();
-    auto* select = forms::get<frmSelect>("frmSelect");
-    select->Show();
-    auto* c = forms::get<BookChooser>("BookChooser");
-    select->cmdBook_Click();
-    c->Choose("32070000001", 2025);
-    ASSERT_TRUE(c->OpenChosen());
+    frmSelect* select = selectShown();
+    ASSERT_TRUE(openBook(select, "32070000001", 2025));
     select->Option3_KeyPress(13);
     auto* form = forms::get<frmDirectToForm>("frmDirectToForm");
     ASSERT_TRUE(form->isVisible());
@@ -250,6 +252,7 @@ TEST_P(FormOpenAtSwitch, TypedBoxesStayWithTheirBook) {
     ASSERT_TRUE(form->unsaved());
 
     select->cmdBook_Click();
+    auto* c = forms::get<BookChooser>("BookChooser");
     c->Choose("32080000002", 2025);
     boxes.queueAnswer(p.answer);
     EXPECT_EQ(c->OpenChosen(), p.switched);
@@ -307,16 +310,13 @@ INSTANTIATE_TEST_SUITE_P(Chooser, OptionWithoutBook,
 // The dealer of the book open now removed with the return window open: the window goes with the book,
 // so nothing of it can be added after to the program folder's files, which belong to no dealer.
 TEST_F(Chooser, RemovingTheOpenBooksDealerShutsTheReturnWindow) {
-    auto* select = forms::get<frmSelect>("frmSelect");
-    select->Show();
-    BookChooser* c = forms::get<BookChooser>("BookChooser");
-    select->cmdBook_Click();
-    c->Choose("32080000002", 2025);
-    ASSERT_TRUE(c->OpenChosen());
+    frmSelect* select = selectShown();
+    ASSERT_TRUE(openBook(select, "32080000002", 2025));
     select->Option1_KeyPress(13);
     auto* normal = forms::get<frmNormal>("frmNormal");
     ASSERT_TRUE(normal->isVisible());
     select->cmdBook_Click();
+    auto* c = forms::get<BookChooser>("BookChooser");
     c->Choose("32080000002");
     boxes.queueAnswer(forms::vbYes);
     c->cmdRemoveDealer->click();
@@ -328,12 +328,8 @@ TEST_F(Chooser, RemovingTheOpenBooksDealerShutsTheReturnWindow) {
 // once, and the bills the window adds carry the dealer's name as the book's other rows do.
 TEST_F(Chooser, NamingWithTheBooksWindowsOpenShowsAndWritesTheDealer) {
     MakeBook(Register(), book(QString(), 2025));
-    auto* select = forms::get<frmSelect>("frmSelect");
-    select->Show();
-    BookChooser* c = forms::get<BookChooser>("BookChooser");
-    select->cmdBook_Click();
-    c->Choose(QString(), 2025);
-    ASSERT_TRUE(c->OpenChosen());
+    frmSelect* select = selectShown();
+    ASSERT_TRUE(openBook(select, QString(), 2025));
     select->Option1_KeyPress(13);
     auto* normal = forms::get<frmNormal>("frmNormal");
     ASSERT_TRUE(normal->isVisible());
@@ -341,7 +337,7 @@ TEST_F(Chooser, NamingWithTheBooksWindowsOpenShowsAndWritesTheDealer) {
     auto* form = forms::get<frmDirectToForm>("frmDirectToForm");
     ASSERT_TRUE(form->isVisible());
     NameBook(Register(), 2025, *Register().Find("32090000003"));
-    emit c->registerChanged();
+    emit forms::get<BookChooser>("BookChooser")->registerChanged();
     EXPECT_TRUE(form->month().values.fixed.value("dpName").startsWith("Kochi Kitchens"));
     EXPECT_EQ(form->month().values.fixed.value("dpTIN"), "32090000003");
     EXPECT_EQ(normal->lblCustomerName->text(), "Kochi Kitchens");
